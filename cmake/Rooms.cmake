@@ -1,0 +1,60 @@
+# One target a room. A room's headers are included by their path from the project's root
+# ("model/language/row.h"), and a room links what it may use.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+find_package(Threads REQUIRED)
+
+if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  find_program(CALYX_CCACHE ccache)
+  if(CALYX_CCACHE)
+    set(CMAKE_CXX_COMPILER_LAUNCHER ${CALYX_CCACHE})
+  endif()
+endif()
+
+add_library(calyx_flags INTERFACE)
+target_compile_options(calyx_flags INTERFACE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+  -Wnon-virtual-dtor -Woverloaded-virtual -Werror)
+if(CALYX_SANITIZE)
+  target_compile_options(calyx_flags INTERFACE -fsanitize=${CALYX_SANITIZE}
+    -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(calyx_flags INTERFACE -fsanitize=${CALYX_SANITIZE})
+endif()
+
+# Standalone Asio, as the distribution's package has it.
+find_path(CALYX_ASIO_INCLUDE asio.hpp REQUIRED)
+add_library(calyx_asio INTERFACE)
+add_library(asio::asio ALIAS calyx_asio)
+target_include_directories(calyx_asio SYSTEM INTERFACE ${CALYX_ASIO_INCLUDE})
+target_compile_definitions(calyx_asio INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED)
+target_link_libraries(calyx_asio INTERFACE Threads::Threads)
+
+# calyx_room(NAME calyx_x SOURCES ... LINKS ...): a static library.
+function(calyx_room)
+  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;LINKS" ${ARGN})
+  add_library(${ROOM_NAME} STATIC ${ROOM_SOURCES})
+  target_include_directories(${ROOM_NAME} PUBLIC ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${ROOM_NAME} PUBLIC ${ROOM_LINKS} PRIVATE calyx_flags)
+endfunction()
+
+# calyx_program(NAME x SOURCES ... LINKS ...): an executable.
+function(calyx_program)
+  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;LINKS" ${ARGN})
+  add_executable(${ROOM_NAME} ${ROOM_SOURCES})
+  target_include_directories(${ROOM_NAME} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${ROOM_NAME} PRIVATE ${ROOM_LINKS} calyx_flags)
+endfunction()
+
+# calyx_test(NAME x_tests SOURCES ... LINKS ...): a GoogleTest program whose tests CTest lists one by one.
+function(calyx_test)
+  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;LINKS" ${ARGN})
+  calyx_program(NAME ${ROOM_NAME} SOURCES ${ROOM_SOURCES} LINKS ${ROOM_LINKS} GTest::gtest_main)
+  target_compile_definitions(${ROOM_NAME} PRIVATE
+    CALYX_SOURCE_DIR="${PROJECT_SOURCE_DIR}" CALYX_DATA_DIR="${PROJECT_SOURCE_DIR}/data")
+  gtest_discover_tests(${ROOM_NAME} DISCOVERY_MODE PRE_TEST PROPERTIES TIMEOUT 60)
+endfunction()
+if(CALYX_TESTS)
+  include(GoogleTest)
+endif()

@@ -1,0 +1,132 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/document/sections.h"
+#include "model/language/error.h"
+#include "model/language/section.h"
+
+namespace calyx {
+
+// The document: one complete configuration of one indicator, and the file that holds it.
+//
+// Constructed, it has no sections; exactly one of Initialize (a new document) or Load (an opened one)
+// gives it some. Copies are independent documents. Errors carry the source "Calyx.CIndicator." and
+// the operation's name.
+class CIndicator {
+  public:
+    static constexpr const char* kNewFile = "[New File]";
+
+    explicit CIndicator(const ModelContext& context) : context_(&context) {}
+
+    void Initialize();
+    void Dispose() { sections_.reset(); }
+    bool IsInitialised() const { return sections_.has_value(); }
+
+    // Opens a file. Unless `skipChecks`, the checksum and both versions are checked. A failure leaves
+    // sections, Filename, CODFilename and IsNew as they were; FileVersion and IndicatorVersion already
+    // tell what the rejected file says.
+    //   10004 no such file   20001 not readable   20003 a folder
+    //   10005 body changed   10012 no checksum   15000 file revision   15001 indicator version
+    ReadReport Load(const std::string& filename, bool skipChecks);
+    // The same for a text that is already in memory, an indicator's dump for example; no checks.
+    ReadReport LoadText(std::string text, const std::string& filename);
+
+    // Writes the file whole or not at all. `asCopy` keeps the document's name and state.
+    //   10006 no document   20002 not written, the old file is as it was   20003 a folder
+    void Save(const std::string& filename, bool asCopy);
+
+    // The Scrivo import file: alias constants of the whole document. 10006, 20002.
+    void GenerateImportFile(const std::string& filename);
+    std::string ImportFileText() const;
+    std::string GetPrintOutput() const;
+
+    std::string Body() const;      // what stands between "[BEGIN]" and "[END]"
+    std::string FileText() const;  // the whole file, envelope included
+
+    const std::string& Filename() const { return filename_; }
+    const std::string& CODFilename() const { return codFilename_; }
+    void SetCODFilename(std::string name) { codFilename_ = std::move(name); }
+    const std::string& FileVersion() const { return fileVersion_; }
+    const std::string& IndicatorVersion() const { return indicatorVersion_; }
+    bool IsNew() const { return isNew_; }
+    bool IsDirty() const;
+
+    // The sections; only after Initialize or Load.
+    CGeneral& General() { return sections_->general; }
+    const CGeneral& General() const { return sections_->general; }
+    CPrompts& Prompts() { return sections_->prompts; }
+    const CPrompts& Prompts() const { return sections_->prompts; }
+    CHardware& Hardware() { return sections_->hardware; }
+    const CHardware& Hardware() const { return sections_->hardware; }
+    CScales& Scales() { return sections_->scales; }
+    const CScales& Scales() const { return sections_->scales; }
+    CTickets& Tickets() { return sections_->tickets; }
+    const CTickets& Tickets() const { return sections_->tickets; }
+    CWidgets& Widgets() { return sections_->widgets; }
+    const CWidgets& Widgets() const { return sections_->widgets; }
+    CSetpoints& Setpoints() { return sections_->setpoints; }
+    const CSetpoints& Setpoints() const { return sections_->setpoints; }
+    CCustomParms& CustomParms() { return sections_->customParms; }
+    const CCustomParms& CustomParms() const { return sections_->customParms; }
+    CJunctionBoxes& JunctionBoxes() { return sections_->junctionBoxes; }
+    const CJunctionBoxes& JunctionBoxes() const { return sections_->junctionBoxes; }
+    CFieldbusCards& FieldbusCards() { return sections_->fieldbusCards; }
+    const CFieldbusCards& FieldbusCards() const { return sections_->fieldbusCards; }
+
+    // In the order of the file body; empty before Initialize or Load.
+    std::vector<Section*> Sections();
+    std::vector<const Section*> Sections() const;
+    Section* FindSection(std::string_view name);
+    Section* OwnerOf(std::string_view key);
+
+    // The value of a key as the document writes it; nothing for a key that no section owns.
+    std::optional<std::string> Value(std::string_view key) const;
+    // Every line of the file body as key and value.
+    std::vector<KeyValue> Lines() const { return ReadLines(Body()); }
+
+    // Takes lines over into the document; what is not named stays. What a list or range does not
+    // allow, and keys that no section owns, are refused one by one.
+    struct Taken {
+        ChangeSet changes;
+        std::vector<Refusal> refused;
+    };
+    Taken Import(const std::vector<KeyValue>& lines);
+    // Applies changes as they are, for undo, redo and merge.
+    ChangeSet Apply(const ChangeSet& changes);
+    // Takes values read back from a connected indicator.
+    Taken UpdateFromIndicator(std::string_view dump) { return Import(ReadLines(dump)); }
+
+    std::vector<BrokenRule> Validate() const;
+
+    const ModelContext& Context() const { return *context_; }
+
+  private:
+    enum class CrcCheck { Equal, Differs, None };
+
+    Dictionary LoadDictionary(const std::string& filename) const;
+    std::string ReadWholeFile(const std::string& filename, const char* source) const;
+    CrcCheck doFileCRCCheck(const Dictionary& lines) const;
+    bool doRevisionCheck(const Dictionary& lines) const;
+    bool doIndicatorRevisionCheck(const Dictionary& lines) const;
+    void CheckFile(const Dictionary& lines, const std::string& filename) const;
+    void WriteCRCFile(const std::string& filename, std::string_view body) const;
+    std::string Envelope(std::string_view body) const;
+    void ReadVersions(const Dictionary& lines);
+    ReadReport TakeSections(Dictionary& lines, const std::string& filename);
+    [[noreturn]] void Fail(int code, const char* operation, std::initializer_list<std::string_view> arguments) const;
+    void NeedDocument(const char* operation) const;
+
+    const ModelContext* context_;
+    std::string filename_ = kNewFile;
+    std::string codFilename_;
+    std::string indicatorVersion_;
+    std::string fileVersion_;
+    bool isNew_ = true;
+    std::optional<DocumentSections> sections_;
+};
+
+}  // namespace calyx

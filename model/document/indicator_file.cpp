@@ -1,0 +1,205 @@
+// The document's file: the envelope around the sections' lines, its checks, and opening and saving.
+
+#include <algorithm>
+#include <system_error>
+
+#include "model/document/checksum.h"
+#include "model/document/indicator.h"
+#include "model/language/file_store.h"
+#include "model/language/text.h"
+
+namespace calyx {
+
+namespace {
+
+constexpr std::string_view kBegin = "[BEGIN]";
+constexpr std::string_view kEnd = "[END]";
+constexpr int kDefaultVersion = 126;  // resource text
+
+std::string_view ValueOf(const Dictionary& lines, std::string_view key) {
+    const Dictionary::Entry* entry = lines.Peek(key);
+    return entry == nullptr ? std::string_view{} : entry->value;
+}
+
+// The checksum of what stands between the marks. Positions count from 1 and 0 means not found, so a
+// file without "[BEGIN]" is measured from position 0, and one whose "[END]" comes first has checksum 0.
+std::int32_t BodyChecksum(std::string_view text) {
+    const auto position = [](std::size_t found) { return static_cast<std::ptrdiff_t>(found + 1); };
+    const std::ptrdiff_t begin = position(text.find(kBegin));
+    const std::ptrdiff_t end = position(text.rfind(kEnd));
+    const auto lead = static_cast<std::ptrdiff_t>(kBegin.size() + 2);
+    const std::ptrdiff_t size = end - begin - lead;
+    if (size < 0) return 0;
+    return Checksum(text.substr(static_cast<std::size_t>(begin + lead - 1), static_cast<std::size_t>(size)));
+}
+
+void AddFileNotes(const Dictionary& lines, ReadReport& report) {
+    using Kind = ReadNote::Kind;
+    for (const auto& text : lines.TextLines()) {
+        if (text.text != kBegin && text.text != kEnd && !Trim(text.text).empty()) {
+            report.Add({Kind::TextLine, {}, {}, std::string(text.text), {}, text.line});
+        }
+    }
+    for (const auto& entry : lines.Duplicates()) {
+        const std::string first(ValueOf(lines, entry.key));
+        report.Add({Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
+    }
+    for (const auto& entry : lines.Entries()) {
+        if (entry.asked || entry.key.starts_with('@')) continue;
+        report.Add({Kind::UnknownKey, {}, std::string(entry.key), std::string(entry.value), {}, entry.line});
+    }
+}
+
+}  // namespace
+
+std::string CIndicator::ReadWholeFile(const std::string& filename, const char* source) const {
+    switch (context_->files->Look(filename)) {
+        case IFileStore::Found::Nothing:
+            Fail(code::kFileNotFound, source, {filename});
+        case IFileStore::Found::Folder:
+            Fail(code::kIsFolder, source, {filename});
+        case IFileStore::Found::File:
+            break;
+    }
+    try {
+        return context_->files->Read(filename);
+    } catch (const std::system_error& error) {
+        Fail(code::kFileNotReadable, source, {filename, error.code().message()});
+    }
+}
+
+Dictionary CIndicator::LoadDictionary(const std::string& filename) const {
+    return Dictionary(ReadWholeFile(filename, "LoadDictionary"));
+}
+
+CIndicator::CrcCheck CIndicator::doFileCRCCheck(const Dictionary& lines) const {
+    const std::string_view stored = ValueOf(lines, "@CRC");
+    if (Trim(stored).empty()) return CrcCheck::None;
+    const auto number = ReadInteger(stored);
+    return number && number->value == BodyChecksum(lines.Text()) ? CrcCheck::Equal : CrcCheck::Differs;
+}
+
+bool CIndicator::doRevisionCheck(const Dictionary& lines) const {
+    const std::string_view revision = ValueOf(lines, "@REVISION");
+    return Trim(revision).empty() || VersionPrefix(revision) == VersionPrefix(context_->programVersion);
+}
+
+bool CIndicator::doIndicatorRevisionCheck(const Dictionary& lines) const {
+    const std::string_view version = ValueOf(lines, "VERSION");
+    if (Trim(version).empty()) return true;
+    const std::string own(VersionPrefix(context_->programVersion));
+    const std::string_view prefix = VersionPrefix(version);
+    return prefix == "V" + own || prefix == own;
+}
+
+// What a rejected file says stays readable: these two are set before the checks.
+void CIndicator::ReadVersions(const Dictionary& lines) {
+    const auto orDefault = [&](std::string_view value) {
+        return Trim(value).empty() ? context_->texts.Text(kDefaultVersion) : std::string(value);
+    };
+    fileVersion_ = orDefault(ValueOf(lines, "@REVISION"));
+    indicatorVersion_ = orDefault(ValueOf(lines, "VERSION"));
+}
+
+void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename) const {
+    const auto failIndicator = [&] {
+        Fail(code::kIndicatorRevision, "Load", {filename, ValueOf(lines, "VERSION"), context_->programVersion});
+    };
+    switch (doFileCRCCheck(lines)) {
+        case CrcCheck::Differs:
+            Fail(code::kChecksum, "Load", {filename});
+        case CrcCheck::None:
+            if (!doIndicatorRevisionCheck(lines)) failIndicator();
+            Fail(code::kNoChecksum, "Load", {filename});
+        case CrcCheck::Equal:
+            break;
+    }
+    if (!doRevisionCheck(lines)) {
+        Fail(code::kFileRevision, "Load", {filename, ValueOf(lines, "@REVISION"), context_->programVersion});
+    }
+    if (!doIndicatorRevisionCheck(lines)) failIndicator();
+}
+
+ReadReport CIndicator::Load(const std::string& filename, bool skipChecks) {
+    return As("Calyx.CIndicator.Load", [&] {
+        Dictionary lines(ReadWholeFile(filename, "Load"));
+        ReadVersions(lines);
+        if (!skipChecks) CheckFile(lines, filename);
+        return TakeSections(lines, filename);
+    });
+}
+
+ReadReport CIndicator::LoadText(std::string text, const std::string& filename) {
+    return As("Calyx.CIndicator.Load", [&] {
+        Dictionary lines(std::move(text));
+        ReadVersions(lines);
+        return TakeSections(lines, filename);
+    });
+}
+
+ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filename) {
+    ReadReport report;
+    isNew_ = false;
+    filename_ = filename;
+    codFilename_ = ValueOf(lines, "@CODFile");
+    sections_.emplace(*context_);
+    DocumentSections& s = *sections_;
+    for (Section* section : std::initializer_list<Section*>{&s.general, &s.prompts, &s.hardware, &s.scales, &s.tickets,
+                                                            &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes,
+                                                            &s.fieldbusCards}) {
+        section->Initialize();
+        section->RestoreState(lines, report);
+    }
+    s.general.SetVersion(indicatorVersion_);
+    s.general.MarkSaved();
+    AddFileNotes(lines, report);
+    return report;
+}
+
+std::string CIndicator::Envelope(std::string_view body) const {
+    std::string text;
+    text.reserve(body.size() + 200);
+    text.append("@REVISION=").append(context_->programVersion).append("\r\n@CRC=");
+    AppendInteger(text, Checksum(body));
+    text.append("\r\n@CODFile=").append(codFilename_).append("\r\n\r\n").append(kBegin).append("\r\n");
+    return text.append(body).append(kEnd);
+}
+
+std::string CIndicator::FileText() const {
+    return Envelope(Body());
+}
+
+void CIndicator::WriteCRCFile(const std::string& filename, std::string_view body) const {
+    if (context_->files->Look(filename) == IFileStore::Found::Folder) Fail(code::kIsFolder, "WriteCRCFile", {filename});
+    try {
+        context_->files->Replace(filename, Envelope(body));
+    } catch (const std::system_error& error) {
+        Fail(code::kFileNotWritten, "WriteCRCFile", {filename, error.code().message()});
+    }
+}
+
+void CIndicator::Save(const std::string& filename, bool asCopy) {
+    As("Calyx.CIndicator.Save", [&] {
+        NeedDocument("Save");
+        // The name is taken over once the file stands: a failed save leaves the document as it was.
+        WriteCRCFile(filename, Body());
+        if (asCopy) return;
+        isNew_ = false;
+        filename_ = filename;
+        fileVersion_ = context_->programVersion;
+        for (Section* section : Sections()) section->MarkSaved();
+    });
+}
+
+void CIndicator::GenerateImportFile(const std::string& filename) {
+    As("Calyx.CIndicator.GenerateImportFile", [&] {
+        NeedDocument("GenerateImportFile");
+        try {
+            context_->files->Replace(filename, ImportFileText());
+        } catch (const std::system_error& error) {
+            Fail(code::kFileNotWritten, "GenerateImportFile", {filename, error.code().message()});
+        }
+    });
+}
+
+}  // namespace calyx

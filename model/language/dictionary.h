@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calyx {
+
+// The parameter dictionary: the lines of a file by key, found without regard to case. The first
+// occurrence of a key wins. Keys and values are views into the text that the dictionary owns; neither
+// is trimmed, and a value may hold "=".
+//
+// A key that has been looked up counts as asked for, so that what nobody asked for can be reported.
+class Dictionary {
+  public:
+    struct Entry {
+        std::string_view key;
+        std::string_view value;
+        std::uint32_t line = 0;  // 1-based
+        bool asked = false;
+    };
+    struct TextLine {  // a line without "=": a comment, or something that is no parameter
+        std::string_view text;
+        std::uint32_t line = 0;
+    };
+
+    explicit Dictionary(std::string text);
+    static Dictionary FromEntries(const std::vector<std::pair<std::string, std::string>>& lines);
+
+    // Nothing when the key is absent. Marks the entry as asked for.
+    const Entry* Find(std::string_view key);
+    const Entry* Peek(std::string_view key) const;
+    std::string FindParameter(std::string_view key, std::string_view absent);
+    void MarkAsked(const Entry& entry) { entries_[static_cast<std::size_t>(&entry - entries_.data())].asked = true; }
+
+    const std::string& Text() const { return *text_; }
+    const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences
+    const std::vector<Entry>& Duplicates() const { return duplicates_; }  // later occurrences
+    const std::vector<TextLine>& TextLines() const { return textLines_; }
+
+  private:
+    void ReadLines();
+    void Index();
+    std::size_t SlotOf(std::string_view key) const;
+
+    std::unique_ptr<const std::string> text_;
+    std::vector<Entry> entries_;
+    std::vector<Entry> duplicates_;
+    std::vector<TextLine> textLines_;
+    std::vector<std::uint32_t> slots_;  // index + 1 into entries_, 0: free; size a power of two
+};
+
+}  // namespace calyx

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace calyx {
+
+// Error codes. The number shown to users is the object error base plus the code; the words for a
+// code stand in the resource texts under the code itself.
+namespace code {
+inline constexpr int kTextTooLong = 10001;
+inline constexpr int kOutOfRange = 10002;
+inline constexpr int kFileNotFound = 10004;
+inline constexpr int kChecksum = 10005;
+inline constexpr int kNotInitialised = 10006;
+inline constexpr int kKindRefused = 10008;
+inline constexpr int kAliasRefused = 10010;
+inline constexpr int kNoChecksum = 10012;
+inline constexpr int kLink = 12801;
+inline constexpr int kFileRevision = 15000;
+inline constexpr int kIndicatorRevision = 15001;
+inline constexpr int kFileNotReadable = 20001;
+inline constexpr int kFileNotWritten = 20002;
+inline constexpr int kIsFolder = 20003;
+inline constexpr int kSetting = 20004;
+}  // namespace code
+
+inline constexpr std::uint32_t kObjectErrorBase = 0x80040000u;
+
+// A numbered error. Source() is the operation that raised it ("Calyx.CIndicator.Load"); Chain() are
+// the operations that passed it on, innermost first.
+class Error : public std::exception {
+  public:
+    Error(int errorCode, std::string source, std::string description)
+        : code_(errorCode), source_(std::move(source)), description_(std::move(description)) {}
+
+    int Code() const { return code_; }
+    std::uint32_t Number() const { return kObjectErrorBase + static_cast<std::uint32_t>(code_); }
+    const std::string& Source() const { return source_; }
+    const std::string& Description() const { return description_; }
+    const std::vector<std::string>& Chain() const { return chain_; }
+    const char* what() const noexcept override { return description_.c_str(); }
+
+    void PassedOnBy(std::string_view operation) {
+        if (operation != source_) chain_.emplace_back(operation);
+    }
+
+  private:
+    int code_;
+    std::string source_;
+    std::string description_;
+    std::vector<std::string> chain_;
+};
+
+// Runs the body of an operation; an error that leaves it carries the operation's name on its way.
+template <class Body>
+decltype(auto) As(std::string_view operation, Body&& body) {
+    try {
+        return std::forward<Body>(body)();
+    } catch (Error& error) {
+        error.PassedOnBy(operation);
+        throw;
+    }
+}
+
+}  // namespace calyx

@@ -1,0 +1,70 @@
+#include "model/language/item.h"
+
+namespace calyx {
+
+Gate Item::GateOf(std::size_t row) const {
+    Gate gate{0};
+    EachLine([&](std::size_t line, Gate opens, bool) {
+        if (line == row) gate = gate | opens;
+    });
+    return gate;
+}
+
+bool Item::IsWritten(std::size_t row) const {
+    bool written = false;
+    EachLine([&](std::size_t line, Gate, bool met) { written = written || (line == row && met); });
+    return written;
+}
+
+std::string DisplayText(const Item& item, std::size_t row) {
+    std::string text = item.Text(row);
+    const CTextList* list = item.List(row);
+    const std::string* shown = list == nullptr ? nullptr : list->Item(text);
+    return shown == nullptr ? text : *shown;
+}
+
+namespace detail {
+
+std::string Numbered(std::string_view pattern, int number) {
+    const std::size_t place = pattern.find("{n}");
+    std::string text(pattern);
+    if (place != std::string_view::npos) text.replace(place, 3, std::to_string(number));
+    return text;
+}
+
+std::string InitialText(const RowInfo& info, int number, const CTextList* list) {
+    if (info.more.initialOf != nullptr) return info.more.initialOf(number, list);
+    if (info.initial.empty() && list != nullptr) return list->Default();
+    return Numbered(info.initial, number);
+}
+
+const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& lists) {
+    if (!info.HasList()) return nullptr;
+    return lists.List(info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list);
+}
+
+Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value, const std::string& initial) {
+    if (list == nullptr || list->ValidateItem(Trim(value))) return {value};
+    switch (info.more.unknown) {
+        case Unknown::First:
+            return {list->First(), true};
+        case Unknown::Initial:
+            return {initial, true};
+        case Unknown::Default:
+            break;
+    }
+    return {list->Default(), true};
+}
+
+void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced, std::string became) {
+    using Kind = ReadNote::Kind;
+    const Kind kind = replaced               ? Kind::ListValue
+                      : taken == Taken::Part ? Kind::PartlyRead
+                      : taken == Taken::Cut  ? Kind::Cut
+                                             : Kind::NotUnderstood;
+    report.Add({kind, report.Section(), std::string(entry.key), std::string(entry.value), std::move(became), entry.line});
+}
+
+}  // namespace detail
+
+}  // namespace calyx

@@ -1,0 +1,175 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "model/language/context.h"
+#include "model/language/dictionary.h"
+#include "model/language/read_report.h"
+#include "model/language/row.h"
+
+namespace calyx {
+
+// One item of a section (a scale, a port, the general features) as everyone outside sees it: numbered
+// rows, each with its row information, its key and its text. Row numbers are places in the table.
+class Item {
+  public:
+    virtual ~Item() = default;
+
+    virtual int Number() const = 0;  // 1-based; 0: the section has no numbered items
+    virtual std::size_t RowCount() const = 0;
+    virtual const RowInfo& Info(std::size_t row) const = 0;
+    virtual std::string Key(std::size_t row) const = 0;
+    virtual const CTextList* List(std::size_t row) const = 0;  // nothing: the row has no list
+    virtual std::string Text(std::size_t row, const Target& target = Target::Everything()) const = 0;
+    virtual std::string InitialText(std::size_t row) const = 0;
+    virtual Taken Take(std::size_t row, std::string_view text) = 0;
+    // The row of a key, without regard to case.
+    virtual std::optional<std::size_t> Find(std::string_view key) const = 0;
+    // The layout's entries in the order of writing. `met`: the entry's condition holds at present.
+    virtual void EachLine(const std::function<void(std::size_t row, Gate gate, bool met)>& visit) const = 0;
+
+    virtual void Initialize() = 0;
+    virtual void Restore(Dictionary& lines, ReadReport& report) = 0;
+    virtual void Append(std::string& out, const Target& target) const = 0;
+    virtual bool IsDirty() const = 0;
+    virtual void MarkSaved() = 0;
+    virtual std::unique_ptr<Item> Clone() const = 0;
+
+    // Items whose parameters are not a fixed table take in and give up lines.
+    virtual bool Adopts(std::string_view) const { return false; }
+    virtual void Adopt(std::string_view /*key*/, std::string_view /*value*/) {}
+    virtual void Drop(std::string_view /*key*/) {}
+
+    // All versions in which the row's line may be written; ungated where one of its entries is.
+    Gate GateOf(std::size_t row) const;
+    // Whether the row's line is in the file at present.
+    bool IsWritten(std::size_t row) const;
+};
+
+// The value with the display text of its list entry, or as it stands.
+std::string DisplayText(const Item& item, std::size_t row);
+
+namespace detail {
+std::string Numbered(std::string_view pattern, int number);  // "{n}" becomes the number
+std::string InitialText(const RowInfo& info, int number, const CTextList* list);
+const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& lists);
+// The text to take for a value read from a file: itself, or what a word outside its list becomes.
+struct Checked {
+    std::string_view text;
+    bool replaced = false;
+};
+Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value, const std::string& initial);
+void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced, std::string became);
+}  // namespace detail
+
+// The item of a table of rows over one struct of fields. The struct is open to its section.
+template <class F>
+class RowItem final : public Item {
+  public:
+    // `suffix` stands behind every stem: "#3", or "" for a plain key.
+    RowItem(const RowTable<F>& table, const ModelContext& context, int number = 0, std::string suffix = {})
+        : table_(&table), number_(number), suffix_(std::move(suffix)) {
+        lists_.reserve(table.rows.size());
+        for (const Row<F>& r : table.rows) lists_.push_back(detail::FindList(r, number, context.lists));
+    }
+
+    F fields{};
+
+    int Number() const override { return number_; }
+    std::size_t RowCount() const override { return table_->rows.size(); }
+    const Row<F>& Info(std::size_t row) const override { return table_->rows[row]; }
+    const CTextList* List(std::size_t row) const override { return lists_[row]; }
+    std::string Key(std::size_t row) const override { return KeyOf(Info(row).stem); }
+
+    std::string Text(std::size_t row, const Target& target = Target::Everything()) const override {
+        std::string text;
+        Info(row).write(text, fields, target);
+        return text;
+    }
+    std::string InitialText(std::size_t row) const override {
+        return detail::InitialText(Info(row), number_, lists_[row]);
+    }
+    Taken Take(std::size_t row, std::string_view text) override { return Info(row).take(fields, text); }
+
+    std::optional<std::size_t> Find(std::string_view key) const override {
+        const std::size_t around = table_->prefix.size() + suffix_.size();
+        if (key.size() <= around || !StartsNoCase(key, table_->prefix)) return std::nullopt;
+        if (!EqualNoCase(key.substr(key.size() - suffix_.size()), suffix_)) return std::nullopt;
+        const std::string_view stem = key.substr(table_->prefix.size(), key.size() - around);
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (EqualNoCase(stem, Info(i).stem)) return i;
+        }
+        return std::nullopt;
+    }
+
+    void EachLine(const std::function<void(std::size_t, Gate, bool)>& visit) const override {
+        for (const Line<F>& line : table_->layout(fields)) {
+            visit(line.row, line.gate, line.when == nullptr || line.when(fields));
+        }
+    }
+
+    void Initialize() override {
+        fields = F{};
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
+        }
+        MarkSaved();
+    }
+
+    void Restore(Dictionary& lines, ReadReport& report) override {
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (Info(i).more.use != Use::Page) RestoreRow(i, lines, report);
+        }
+        MarkSaved();
+    }
+
+    void Append(std::string& out, const Target& target) const override {
+        for (const Line<F>& line : table_->layout(fields)) {
+            if (!target.Opens(line.gate) || (line.when != nullptr && !line.when(fields))) continue;
+            const Row<F>& r = table_->rows[line.row];
+            out.append(table_->prefix).append(r.stem).append(suffix_).append(1, '=');
+            r.write(out, fields, target);
+            out.append("\r\n");
+        }
+    }
+
+    bool IsDirty() const override { return !(fields == saved_); }
+    void MarkSaved() override { saved_ = fields; }
+    std::unique_ptr<Item> Clone() const override { return std::make_unique<RowItem>(*this); }
+
+  private:
+    std::string KeyOf(std::string_view stem) const {
+        std::string key;
+        key.reserve(table_->prefix.size() + stem.size() + suffix_.size());
+        return key.append(table_->prefix).append(stem).append(suffix_);
+    }
+
+    void RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
+        const Row<F>& r = Info(i);
+        const Dictionary::Entry* entry = lines.Find(KeyOf(r.more.readStem.empty() ? r.stem : r.more.readStem));
+        if (entry == nullptr) {
+            if (r.more.absent == Absent::Initial) Take(i, InitialText(i));
+            if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));
+            return;
+        }
+        const std::string initial = lists_[i] == nullptr ? std::string() : InitialText(i);
+        const detail::Checked checked = detail::CheckList(r, lists_[i], entry->value, initial);
+        const Taken taken = Take(i, checked.text);
+        if (taken != Taken::Whole || checked.replaced) {
+            detail::Report(report, *entry, taken, checked.replaced, Text(i));
+        }
+    }
+
+    const RowTable<F>* table_;
+    int number_;
+    std::string suffix_;
+    std::vector<const CTextList*> lists_;  // one a row
+    F saved_{};
+};
+
+}  // namespace calyx

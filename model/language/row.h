@@ -1,0 +1,206 @@
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <type_traits>
+
+#include "model/language/codec.h"
+
+namespace calyx {
+
+class CTextList;
+
+// One row of data says everything about a parameter; one layout entry says when its line is written.
+// A wrong stem, a member of another type than its codec's and a version that does not exist stop the
+// build.
+
+enum class Absent : std::uint8_t {  // what a missing line reads as
+    Keep,                           // the field stays as it is
+    Initial,                        // the initial value
+    Value,                          // `absentValue`
+};
+enum class Unknown : std::uint8_t {  // what a word reads as that is not in the list
+    Default,                         // the list's designated default
+    First,                           // the list's first entry
+    Initial,                         // the row's initial value
+};
+enum class Use : std::uint8_t {
+    Line,      // written and read
+    ReadOnly,  // read and shown, never written
+    Page,      // a choice on the editor page that stands for several lines; no line of its own
+};
+
+// Said only where it differs from the usual.
+struct More {
+    std::string_view list = {};                    // value list in the catalogue
+    std::string_view (*listOf)(int item) = nullptr;  // where the list depends on the item's number
+    int label = 0;                                 // numbers of resource texts
+    int group = 0;                                 // heading on the editor page
+    int help = 0;
+    double min = 0;  // allowed range, both ends included; equal ends: none
+    double max = 0;
+    std::string_view unit = {};
+    std::string_view absentValue = {};
+    Absent absent = Absent::Keep;
+    Unknown unknown = Unknown::Default;
+    Use use = Use::Line;
+    std::string_view readStem = {};                          // looked up under this stem instead
+    std::string (*initialOf)(int item, const CTextList*) = nullptr;  // where it depends on number or list
+    int (*rule)(std::string_view value) = nullptr;           // number of the broken rule's text, 0: kept
+
+    constexpr bool HasRange() const { return min < max; }
+};
+
+// What the rest of the house sees of a row. "{n}" in `initial` and `absentValue` stands for the item's number.
+struct RowInfo {
+    std::string_view stem;
+    std::string_view initial;  // "" with a list: the list's own default
+    ValueKind kind = ValueKind::Text;
+    std::uint16_t width = 0;  // most characters, 0: no limit
+    More more = {};
+
+    bool HasList() const { return !more.list.empty() || more.listOf != nullptr; }
+};
+
+// F: the plain struct that holds a section's fields.
+template <class F>
+struct Row : RowInfo {
+    void (*write)(std::string& out, const F& fields, const Target& target) = nullptr;
+    Taken (*take)(F& fields, std::string_view text) = nullptr;
+    std::span<const std::byte> (*place)(const F& fields) = nullptr;  // the bytes of the member
+};
+
+namespace detail {
+
+template <class M>
+struct MemberPointer;
+template <class F, class T>
+struct MemberPointer<T F::*> {
+    using Fields = F;
+    using Type = T;
+};
+
+template <auto Member, std::size_t... Element, class F>
+constexpr auto& Reach(F& fields) {
+    if constexpr (sizeof...(Element) == 0) {
+        return fields.*Member;
+    } else {
+        return (fields.*Member)[(Element + ...)];
+    }
+}
+
+template <auto Member, const auto& TheCodec, std::size_t... Element>
+using Held = std::remove_cvref_t<decltype(Reach<Member, Element...>(
+    std::declval<typename MemberPointer<decltype(Member)>::Fields&>()))>;
+
+template <class C>
+struct CodecType;
+template <class T>
+struct CodecType<Codec<T>> {
+    using Type = T;
+};
+
+}  // namespace detail
+
+// The same type: without this a float codec would take an integer member.
+template <auto Member, const auto& TheCodec, std::size_t... Element>
+concept FitsExactly =
+    std::is_same_v<detail::Held<Member, TheCodec, Element...>,
+                   typename detail::CodecType<std::remove_cvref_t<decltype(TheCodec)>>::Type>;
+
+// A row: row<&F::grads, kInteger>("GRADS", "10000", {.label = 3101}); an element of an array member is
+// named by its place: row<&F::filter, kFixed10, 0>("DIGFLTR1", "4").
+template <auto Member, const auto& TheCodec, std::size_t... Element>
+    requires FitsExactly<Member, TheCodec, Element...>
+consteval auto row(std::string_view stem, std::string_view initial, More more = {}) {
+    using F = typename detail::MemberPointer<decltype(Member)>::Fields;
+    Row<F> made;
+    made.stem = stem;
+    made.initial = initial;
+    made.kind = TheCodec.kind;
+    made.width = TheCodec.width;
+    made.more = more;
+    made.write = [](std::string& out, const F& fields, const Target& target) {
+        TheCodec.write(out, detail::Reach<Member, Element...>(fields), target);
+    };
+    made.take = [](F& fields, std::string_view text) {
+        return TheCodec.take(detail::Reach<Member, Element...>(fields), text);
+    };
+    made.place = [](const F& fields) {
+        return std::as_bytes(std::span(&detail::Reach<Member, Element...>(fields), 1));
+    };
+    return made;
+}
+
+// One entry of a layout. A layout is a sequence: a line may stand in it twice.
+template <class F>
+struct Line {
+    std::uint16_t row = 0;
+    Gate gate = {};
+    bool (*when)(const F& fields) = nullptr;
+};
+template <class F>
+using Layout = std::span<const Line<F>>;
+
+// Makes layout entries from the stems of one table's rows: constexpr Lines lines{kRows}; lines("TRUCK", "UID").
+template <class F, std::size_t N>
+struct Lines {
+    const Row<F> (&rows)[N];
+
+    template <class... Stem>
+    consteval std::array<Line<F>, sizeof...(Stem)> operator()(Stem... stems) const {
+        return {Line<F>{Find(stems)}...};
+    }
+
+  private:
+    consteval std::uint16_t Find(std::string_view stem) const {
+        for (std::size_t i = 0; i < N; ++i) {
+            if (rows[i].stem == stem && rows[i].more.use == Use::Line) return static_cast<std::uint16_t>(i);
+        }
+        throw "no row of this stem has a line";
+    }
+};
+template <class F, std::size_t N>
+Lines(const Row<F> (&)[N]) -> Lines<F, N>;
+
+// Runs of lines behind a gate; gates inside one another are met.
+template <class F, std::size_t N>
+consteval std::array<Line<F>, N> Gated(Gate gate, std::array<Line<F>, N> run) {
+    for (Line<F>& line : run) line.gate = line.gate.Ungated() ? gate : line.gate & gate;
+    return run;
+}
+
+// Runs of lines under a condition on the fields.
+template <class F, std::size_t N>
+consteval std::array<Line<F>, N> When(bool (*condition)(const F&), std::array<Line<F>, N> run) {
+    for (Line<F>& line : run) {
+        if (line.when != nullptr) throw "a line has one condition; make it one function";
+        line.when = condition;
+    }
+    return run;
+}
+
+template <class F, std::size_t... N>
+consteval auto Join(const std::array<Line<F>, N>&... runs) {
+    std::array<Line<F>, (N + ...)> joined{};
+    std::size_t at = 0;
+    const auto append = [&](const auto& run) {
+        for (const Line<F>& line : run) joined[at++] = line;
+    };
+    (append(runs), ...);
+    return joined;
+}
+
+// A section's table: its rows, in the order of reading, and its layouts, in the order of writing.
+template <class F>
+struct RowTable {
+    std::span<const Row<F>> rows;
+    Layout<F> (*layout)(const F& fields);  // the kind may decide
+    std::string_view prefix = {};          // of every key: "SC."
+};
+
+}  // namespace calyx

@@ -1,0 +1,249 @@
+#include "model/language/section.h"
+
+#include <map>
+
+#include "model/language/text.h"
+
+namespace calyx {
+
+namespace {
+
+// Resource texts of the generic checks.
+constexpr int kNotInList = 2901;       // {1} label, {2} value, {3} the allowed words
+constexpr int kOutOfRangeText = 2902;  // {1} label, {2} value, {3} least, {4} most, {5} unit
+constexpr int kNotUnderstood = 2903;   // {1} label, {2} value, {3} what is expected
+constexpr int kTooLong = 2904;         // {1} label, {2} most characters, {3} what was kept
+constexpr int kDecidedElsewhere = 2905;  // {1} key, {2} value that stands
+constexpr int kReadOnlyParameter = 2907;  // {1} label
+constexpr int kKindWords = 2910;         // 2910 + kind: "text", "a whole number", ...
+
+std::string Label(const ModelContext& context, const Item& item, std::size_t row) {
+    const int label = item.Info(row).more.label;
+    return label == 0 ? item.Key(row) : context.texts.Text(label);
+}
+
+std::string Number(double value) {
+    std::string text;
+    AppendSingle(text, static_cast<float>(value));
+    return text;
+}
+
+std::string JoinKeys(const CTextList& list) {
+    std::string keys;
+    for (const auto& entry : list) keys += (keys.empty() ? "" : ", ") + entry.key;
+    return keys;
+}
+
+// Why a value that the row has taken is out of its range; empty when it is not.
+std::string RangeFault(const ModelContext& context, const Item& item, std::size_t row, const std::string& text) {
+    const More& more = item.Info(row).more;
+    if (!more.HasRange()) return {};
+    const auto number = ReadDecimal(text);
+    if (!number || (number->value >= more.min && number->value <= more.max)) return {};
+    return context.texts.Format(kOutOfRangeText, {Label(context, item, row), text, Number(more.min), Number(more.max),
+                                                  more.unit});
+}
+
+// Why a value cannot be taken as given; empty when it can. `item` is a scratch copy that tries it.
+std::string Fault(const ModelContext& context, Item& item, std::size_t row, const std::string& value) {
+    const RowInfo& info = item.Info(row);
+    const auto kindWords = [&] { return context.texts.Text(kKindWords + static_cast<int>(info.kind)); };
+    if (info.more.use == Use::ReadOnly) return context.texts.Format(kReadOnlyParameter, {Label(context, item, row)});
+    const CTextList* list = item.List(row);
+    if (list != nullptr && !list->ValidateItem(Trim(value))) {
+        return context.texts.Format(kNotInList, {Label(context, item, row), value, JoinKeys(*list)});
+    }
+    const Taken taken = item.Take(row, value);
+    if (taken == Taken::Not || taken == Taken::Part) {
+        return context.texts.Format(kNotUnderstood, {Label(context, item, row), value, kindWords()});
+    }
+    return RangeFault(context, item, row, item.Text(row));
+}
+
+// The changes of one item, merged into its own texts and read again in table order, so that rows that
+// share a field end as a file with these lines would.
+class Merge {
+  public:
+    Merge(const ModelContext& context, Item& item) : context_(context), item_(item) {
+        texts_.reserve(item.RowCount());
+        for (std::size_t i = 0; i < item.RowCount(); ++i) texts_.push_back(item.Text(i));
+    }
+
+    void Add(std::size_t row, const Change& change, Section::Check check, std::vector<Refusal>& refused) {
+        const std::string value = change.after ? *change.after : item_.InitialText(row);
+        const auto scratch = item_.Clone();
+        std::string fault = check == Section::Check::Strict ? Fault(context_, *scratch, row, value) : std::string();
+        if (!fault.empty()) {
+            refused.push_back({change.key, value, std::move(fault)});
+            return;
+        }
+        if (scratch->Take(row, value) == Taken::Cut && check == Section::Check::Strict) {
+            refused.push_back({change.key, value,
+                               context_.texts.Format(kTooLong, {Label(context_, *scratch, row),
+                                                                std::to_string(scratch->Info(row).width),
+                                                                scratch->Text(row)})});
+        }
+        texts_[row] = value;
+        wanted_.push_back({row, change.key, scratch->Text(row)});
+    }
+
+    void Finish(Section::Check check, std::vector<Refusal>& refused) {
+        if (wanted_.empty()) return;
+        const auto take = [this](bool page) {
+            for (std::size_t i = 0; i < texts_.size(); ++i) {
+                if ((item_.Info(i).more.use == Use::Page) == page && (!page || Wanted(i))) item_.Take(i, texts_[i]);
+            }
+        };
+        take(false);
+        take(true);
+        for (const auto& [row, key, text] : wanted_) {
+            const std::string now = item_.Text(row);
+            if (now == text || check != Section::Check::Strict) continue;
+            refused.push_back({key, text, context_.texts.Format(kDecidedElsewhere, {key, now})});
+        }
+    }
+
+  private:
+    struct Wish {
+        std::size_t row;
+        std::string key, text;
+    };
+    bool Wanted(std::size_t row) const {
+        return std::any_of(wanted_.begin(), wanted_.end(), [row](const Wish& wish) { return wish.row == row; });
+    }
+
+    const ModelContext& context_;
+    Item& item_;
+    std::vector<std::string> texts_;
+    std::vector<Wish> wanted_;
+};
+
+}  // namespace
+
+bool SendLines(std::string_view text, ILineSender& sender, IDownload& download) {
+    bool going = true;
+    ForEachLine(text, [&](std::string_view line) {
+        // The trimmed form decides whether a line is empty; the line itself goes untrimmed.
+        if (!going || Trim(line).empty() || sender.SendLine(line)) return;
+        going = !download.ErrorAction(std::string(line));
+    });
+    return going;
+}
+
+void Section::Initialize() {
+    for (Item* item : Items()) item->Initialize();
+}
+
+void Section::RestoreState(Dictionary& lines, ReadReport& report) {
+    report.Enter(std::string(Name()));
+    for (Item* item : Items()) item->Restore(lines, report);
+}
+
+void Section::AppendText(std::string& out, const Target& target) const {
+    for (const Item* item : Items()) item->Append(out, target);
+}
+
+std::string Section::StoreState() const {
+    std::string text;
+    AppendState(text);
+    return text;
+}
+
+std::string Section::GetTextOutput(bool allParameters) const {
+    std::string text;
+    AppendText(text, allParameters ? Target::Everything() : context_->target.Gated());
+    return text;
+}
+
+std::string Section::GetPrintOutput() const {
+    std::string listing;
+    for (const Item* item : Items()) {
+        std::string rows;
+        for (std::size_t i = 0; i < item->RowCount(); ++i) {
+            const More& more = item->Info(i).more;
+            const bool shown = more.use == Use::ReadOnly || item->IsWritten(i);
+            if (!shown || item->Text(i).empty()) continue;
+            rows.append("  ").append(Label(*context_, *item, i)).append(": ").append(DisplayText(*item, i));
+            if (!more.unit.empty()) rows.append(" ").append(more.unit);
+            rows += "\r\n";
+        }
+        const std::string title = ItemTitle(*item);
+        if (!title.empty() && !rows.empty()) listing.append(title).append("\r\n");
+        listing += rows;
+    }
+    return listing.empty() ? listing : context_->texts.Text(Title()) + "\r\n" + listing;
+}
+
+bool Section::SendToIndicator(ILineSender& sender, IDownload& download) const {
+    return SendLines(GetTextOutput(false), sender, download);
+}
+
+bool Section::IsDirty() const {
+    const auto items = Items();
+    return std::any_of(items.begin(), items.end(), [](const Item* item) { return item->IsDirty(); });
+}
+
+void Section::MarkSaved() {
+    for (Item* item : Items()) item->MarkSaved();
+}
+
+CBrokenRules Section::BrokenRules() const {
+    CBrokenRules rules;
+    for (const Item* item : Items()) {
+        for (std::size_t i = 0; i < item->RowCount(); ++i) {
+            const More& more = item->Info(i).more;
+            if ((!more.HasRange() && more.rule == nullptr) || !item->IsWritten(i)) continue;
+            const std::string text = item->Text(i);
+            std::string fault = RangeFault(*context_, *item, i, text);
+            const int broken = more.rule == nullptr ? 0 : more.rule(text);
+            if (broken != 0) fault = context_->texts.Format(broken, {Label(*context_, *item, i), text});
+            if (!fault.empty()) rules.Add({std::string(Name()), item->Number(), item->Key(i), std::move(fault)});
+        }
+    }
+    AddBrokenRules(rules);
+    return rules;
+}
+
+std::vector<const Item*> Section::Items() const {
+    // The items are the section's own members; this only looks at them.
+    const auto items = const_cast<Section*>(this)->Items();
+    return {items.begin(), items.end()};
+}
+
+std::vector<KeyValue> Section::State() const {
+    std::vector<KeyValue> state;
+    for (const Item* item : Items()) {
+        for (std::size_t i = 0; i < item->RowCount(); ++i) {
+            if (item->Info(i).more.use != Use::Page) state.push_back({item->Key(i), item->Text(i)});
+        }
+    }
+    return state;
+}
+
+std::vector<Refusal> Section::Take(const std::vector<Change>& changes, Check check) {
+    std::vector<Refusal> refused;
+    for (Item* item : Items()) {
+        Merge merge(*context_, *item);
+        for (const Change& change : changes) {
+            const auto row = item->Find(change.key);
+            if (!row && item->Adopts(change.key) && change.after) item->Adopt(change.key, *change.after);
+            if (!row) continue;
+            if (!change.after && item->Adopts(change.key)) {
+                item->Drop(change.key);
+            } else {
+                merge.Add(*row, change, check, refused);
+            }
+        }
+        merge.Finish(check, refused);
+    }
+    return refused;
+}
+
+bool Section::Owns(std::string_view key) const {
+    for (const Item* item : Items()) {
+        if (item->Find(key) || item->Adopts(key)) return true;
+    }
+    return false;
+}
+
+}  // namespace calyx

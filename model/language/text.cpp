@@ -1,0 +1,93 @@
+#include "model/language/text.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace calyx {
+
+namespace {
+
+constexpr char Lower(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+
+std::string_view SkipBlanks(std::string_view text) {
+    text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+    return text;
+}
+
+// from_chars takes "-5" but not "+5".
+std::string_view SkipPlus(std::string_view text) {
+    const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
+    return plus ? text.substr(1) : text;
+}
+
+}  // namespace
+
+std::string_view TrimRight(std::string_view text) {
+    return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
+std::string_view Trim(std::string_view text) {
+    return SkipBlanks(TrimRight(text));
+}
+
+bool EqualNoCase(std::string_view a, std::string_view b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                      [](char x, char y) { return Lower(x) == Lower(y); });
+}
+
+bool StartsNoCase(std::string_view text, std::string_view start) {
+    return text.size() >= start.size() && EqualNoCase(text.substr(0, start.size()), start);
+}
+
+std::string Upper(std::string_view text) {
+    std::string upper(text);
+    for (char& c : upper) {
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - ('a' - 'A'));
+    }
+    return upper;
+}
+
+std::vector<std::string_view> Split(std::string_view text, char delimiter) {
+    std::vector<std::string_view> pieces;
+    while (true) {
+        const std::size_t end = text.find(delimiter);
+        pieces.push_back(text.substr(0, end));
+        if (end == std::string_view::npos) return pieces;
+        text.remove_prefix(end + 1);
+    }
+}
+
+std::optional<LeadingInteger> ReadInteger(std::string_view text) {
+    const std::string_view number = SkipPlus(SkipBlanks(text));
+    LeadingInteger read;
+    const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), read.value);
+    if (failure != std::errc{}) return std::nullopt;
+    read.whole = Trim(number.substr(static_cast<std::size_t>(end - number.data()))).empty();
+    return read;
+}
+
+std::optional<LeadingDecimal> ReadDecimal(std::string_view text) {
+    const std::string_view number = SkipPlus(SkipBlanks(text));
+    LeadingDecimal read;
+    const auto [end, failure] =
+        std::from_chars(number.data(), number.data() + number.size(), read.value, std::chars_format::fixed);
+    if (failure != std::errc{} || !std::isfinite(read.value)) return std::nullopt;
+    read.whole = Trim(number.substr(static_cast<std::size_t>(end - number.data()))).empty();
+    return read;
+}
+
+void AppendInteger(std::string& out, std::int64_t value) {
+    char digits[24];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value).ptr;
+    out.append(digits, end);
+}
+
+void AppendSingle(std::string& out, float value) {
+    char digits[64];
+    const auto end = std::to_chars(digits, digits + sizeof digits, value, std::chars_format::fixed).ptr;
+    out.append(digits, end);
+}
+
+}  // namespace calyx

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <algorithm>
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace calyx {
+
+// Small operations on 8-bit text. Only blanks (character 32) count as white space in parameter lines.
+
+std::string_view Trim(std::string_view text);
+std::string_view TrimRight(std::string_view text);
+bool EqualNoCase(std::string_view a, std::string_view b);   // ASCII letters only
+bool StartsNoCase(std::string_view text, std::string_view start);
+std::string Upper(std::string_view text);                   // ASCII letters only
+std::vector<std::string_view> Split(std::string_view text, char delimiter);  // "" gives one empty piece
+
+// The lines of a text, without their ends. CR LF, LF and CR all end a line; a last line without an end counts.
+template <class Take>
+void ForEachLine(std::string_view text, Take&& take) {
+    while (!text.empty()) {
+        const std::size_t end = text.find_first_of("\r\n");
+        take(text.substr(0, end));
+        if (end == std::string_view::npos) return;
+        text.remove_prefix(text.substr(end, 2) == "\r\n" ? end + 2 : end + 1);
+    }
+}
+
+// The number at the start of a text, after blanks. `whole`: nothing but blanks follows it.
+struct LeadingInteger {
+    std::int32_t value = 0;
+    bool whole = false;
+};
+struct LeadingDecimal {
+    double value = 0;
+    bool whole = false;
+};
+std::optional<LeadingInteger> ReadInteger(std::string_view text);  // none: no digit, or beyond 32 bits
+std::optional<LeadingDecimal> ReadDecimal(std::string_view text);  // "." is the decimal point
+
+void AppendInteger(std::string& out, std::int64_t value);
+// The shortest decimal form that reads back to the same single float; never an exponent.
+void AppendSingle(std::string& out, float value);
+
+// A text field of at most N characters. Longer values are cut. The characters are kept as given;
+// Trimmed() is what is written to lines, Padded() fills up with blanks.
+template <std::size_t N>
+class FixedText {
+  public:
+    constexpr FixedText() = default;
+    constexpr explicit FixedText(std::string_view text) { Assign(text); }
+
+    // False when the text had to be cut.
+    constexpr bool Assign(std::string_view text) {
+        size_ = static_cast<std::uint8_t>(std::min(text.size(), N));
+        std::copy_n(text.begin(), size_, chars_.begin());
+        std::fill(chars_.begin() + size_, chars_.end(), '\0');
+        return text.size() <= N;
+    }
+    constexpr std::string_view View() const { return {chars_.data(), size_}; }
+    std::string_view Trimmed() const { return Trim(View()); }
+    std::string Padded() const {
+        std::string padded(View());
+        padded.resize(N, ' ');
+        return padded;
+    }
+    friend constexpr bool operator==(const FixedText&, const FixedText&) = default;
+
+  private:
+    static_assert(N > 0 && N < 256);
+    std::array<char, N> chars_{};
+    std::uint8_t size_ = 0;
+};
+
+}  // namespace calyx
