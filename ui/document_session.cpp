@@ -55,7 +55,8 @@ std::vector<Refusal> DocumentSession::Edit(const std::vector<KeyValue>& lines, c
     return taken.refused;
 }
 
-std::optional<std::string> DocumentSession::SetParameter(const std::string& key, const std::string& text, bool typing) {
+std::optional<std::string> DocumentSession::SetParameter(const std::string& key, const std::string& text,
+                                                         bool typing) {
     const auto refused = Edit({{key, text}}, {}, typing ? key : std::string());
     if (!typing) history_.Seal();
     return refused.empty() ? std::nullopt : std::optional(refused.front().reason);
@@ -68,7 +69,8 @@ std::optional<std::string> DocumentSession::Check(const std::string& key, const 
 }
 
 void DocumentSession::RevertParameter(const std::string& key) {
-    const ChangeSet back = ChangesSinceSave().Inverse().Where([&](const Change& c) { return EqualNoCase(c.key, key); });
+    const ChangeSet back =
+        ChangesSinceSave().Inverse().Where([&](const Change& c) { return EqualNoCase(c.key, key); });
     const ChangeSet effect = document_.Apply(back);
     history_.Record(StepName(key, effect), effect);
     Announce(effect);

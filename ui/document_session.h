@@ -31,7 +31,8 @@ class DocumentSession : public QObject {
 
     // Edits. `name` is the undo step's; consecutive edits with one join key are one step. What was
     // refused comes back and changes nothing.
-    std::vector<Refusal> Edit(const std::vector<KeyValue>& lines, const std::string& name, const std::string& joinKey = {});
+    std::vector<Refusal> Edit(const std::vector<KeyValue>& lines, const std::string& name,
+                              const std::string& joinKey = {});
     // One parameter. The step's name is made from label and values. Nothing: taken over.
     std::optional<std::string> SetParameter(const std::string& key, const std::string& text, bool typing);
     // Why a text would be refused for a parameter, without changing anything; nothing: it would not.
@@ -49,10 +50,10 @@ class DocumentSession : public QObject {
     std::optional<std::string> SavedValue(const std::string& key) const;
 
   signals:
-    void Replaced();                                  // another document, or the same one anew
-    void Changed(const calyx::ChangeSet& changes);    // after every edit, undo and redo
+    void Replaced();                                // another document, or the same one anew
+    void Changed(const calyx::ChangeSet& changes);  // after every edit, undo and redo
     void Saved();
-    void GoTo(const QString& key);                    // the view shall show this parameter
+    void GoTo(const QString& key);  // the view shall show this parameter
 
   private:
     void TakeBaseline();

@@ -41,11 +41,12 @@ std::int32_t Checksum(std::string_view body) {
             std::memcpy(&chunk, at, 8);
             chunk ^= crc;
             crc = kTables[7][chunk & 0xFF] ^ kTables[6][chunk >> 8 & 0xFF] ^ kTables[5][chunk >> 16 & 0xFF] ^
-                  kTables[4][chunk >> 24 & 0xFF] ^ kTables[3][chunk >> 32 & 0xFF] ^ kTables[2][chunk >> 40 & 0xFF] ^
-                  kTables[1][chunk >> 48 & 0xFF] ^ kTables[0][chunk >> 56];
+                  kTables[4][chunk >> 24 & 0xFF] ^ kTables[3][chunk >> 32 & 0xFF] ^
+                  kTables[2][chunk >> 40 & 0xFF] ^ kTables[1][chunk >> 48 & 0xFF] ^ kTables[0][chunk >> 56];
         }
     }
-    for (; left != 0; ++at, --left) crc = (crc >> 8) ^ kTables[0][(crc ^ static_cast<unsigned char>(*at)) & 0xFF];
+    for (; left != 0; ++at, --left)
+        crc = (crc >> 8) ^ kTables[0][(crc ^ static_cast<unsigned char>(*at)) & 0xFF];
     return static_cast<std::int32_t>(~crc);
 }
 

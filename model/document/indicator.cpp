@@ -57,7 +57,8 @@ Section* CIndicator::OwnerOf(std::string_view key) {
 
 bool CIndicator::IsDirty() const {
     const auto sections = Sections();
-    return std::any_of(sections.begin(), sections.end(), [](const Section* section) { return section->IsDirty(); });
+    return std::any_of(sections.begin(), sections.end(),
+                       [](const Section* section) { return section->IsDirty(); });
 }
 
 std::string CIndicator::Body() const {
@@ -96,7 +97,8 @@ CIndicator::Taken CIndicator::Import(const std::vector<KeyValue>& lines) {
         }
         for (std::size_t i = 0; i < lines.size(); ++i) {
             if (owned[i]) continue;
-            taken.refused.push_back({lines[i].key, lines[i].value, context_->texts.Format(2906, {lines[i].key})});
+            taken.refused.push_back(
+                {lines[i].key, lines[i].value, context_->texts.Format(2906, {lines[i].key})});
         }
         indicatorVersion_ = sections_->general.Version();
         return taken;
@@ -108,7 +110,8 @@ ChangeSet CIndicator::Apply(const ChangeSet& changes) {
         NeedDocument("Apply");
         ChangeSet effect;
         for (Section* section : Sections()) {
-            const ChangeSet own = changes.Where([&](const Change& change) { return section->Owns(change.key); });
+            const ChangeSet own =
+                changes.Where([&](const Change& change) { return section->Owns(change.key); });
             if (own.Empty()) continue;
             Record(*section, effect, [&] { section->Take(own.Changes(), Section::Check::None); });
         }
@@ -137,15 +140,18 @@ std::string CIndicator::GetPrintOutput() const {
 
 std::string CIndicator::ImportFileText() const {
     const std::string rule(49, '-');
-    std::string text = rule + "\r\n-- Used with Calyx Configuration File\r\n-- " + filename_ + "\r\n" + rule + "\r\n";
+    std::string text =
+        rule + "\r\n-- Used with Calyx Configuration File\r\n-- " + filename_ + "\r\n" + rule + "\r\n";
     const DocumentSections& s = *sections_;
-    for (const Section* section : std::initializer_list<const Section*>{&s.scales, &s.setpoints, &s.widgets, &s.hardware}) {
+    for (const Section* section :
+         std::initializer_list<const Section*>{&s.scales, &s.setpoints, &s.widgets, &s.hardware}) {
         text += section->GetIWriteImportDef();
     }
     return text;
 }
 
-void CIndicator::Fail(int code, const char* operation, std::initializer_list<std::string_view> arguments) const {
+void CIndicator::Fail(int code, const char* operation,
+                      std::initializer_list<std::string_view> arguments) const {
     throw Error(code, std::string("Calyx.CIndicator.") + operation, context_->texts.Format(code, arguments));
 }
 

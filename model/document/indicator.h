@@ -117,7 +117,8 @@ class CIndicator {
     std::string Envelope(std::string_view body) const;
     void ReadVersions(const Dictionary& lines);
     ReadReport TakeSections(Dictionary& lines, const std::string& filename);
-    [[noreturn]] void Fail(int code, const char* operation, std::initializer_list<std::string_view> arguments) const;
+    [[noreturn]] void Fail(int code, const char* operation,
+                           std::initializer_list<std::string_view> arguments) const;
     void NeedDocument(const char* operation) const;
 
     const ModelContext* context_;

@@ -42,7 +42,8 @@ void AddFileNotes(const Dictionary& lines, ReadReport& report) {
     }
     for (const auto& entry : lines.Duplicates()) {
         const std::string first(ValueOf(lines, entry.key));
-        report.Add({Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
+        report.Add(
+            {Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
     }
     for (const auto& entry : lines.Entries()) {
         if (entry.asked || entry.key.starts_with('@')) continue;
@@ -103,7 +104,8 @@ void CIndicator::ReadVersions(const Dictionary& lines) {
 
 void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename) const {
     const auto failIndicator = [&] {
-        Fail(code::kIndicatorRevision, "Load", {filename, ValueOf(lines, "VERSION"), context_->programVersion});
+        Fail(code::kIndicatorRevision, "Load",
+             {filename, ValueOf(lines, "VERSION"), context_->programVersion});
     };
     switch (doFileCRCCheck(lines)) {
         case CrcCheck::Differs:
@@ -144,9 +146,9 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
     codFilename_ = ValueOf(lines, "@CODFile");
     sections_.emplace(*context_);
     DocumentSections& s = *sections_;
-    for (Section* section : std::initializer_list<Section*>{&s.general, &s.prompts, &s.hardware, &s.scales, &s.tickets,
-                                                            &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes,
-                                                            &s.fieldbusCards}) {
+    for (Section* section : std::initializer_list<Section*>{
+             &s.general, &s.prompts, &s.hardware, &s.scales, &s.tickets, &s.widgets, &s.setpoints,
+             &s.customParms, &s.junctionBoxes, &s.fieldbusCards}) {
         section->Initialize();
         section->RestoreState(lines, report);
     }
@@ -170,7 +172,8 @@ std::string CIndicator::FileText() const {
 }
 
 void CIndicator::WriteCRCFile(const std::string& filename, std::string_view body) const {
-    if (context_->files->Look(filename) == IFileStore::Found::Folder) Fail(code::kIsFolder, "WriteCRCFile", {filename});
+    if (context_->files->Look(filename) == IFileStore::Found::Folder)
+        Fail(code::kIsFolder, "WriteCRCFile", {filename});
     try {
         context_->files->Replace(filename, Envelope(body));
     } catch (const std::system_error& error) {

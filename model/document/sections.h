@@ -8,8 +8,16 @@ namespace calyx {
 // The ten sections of a document.
 struct DocumentSections {
     explicit DocumentSections(const ModelContext& context)
-        : general(context), prompts(context), scales(context), hardware(context), tickets(context), widgets(context),
-          setpoints(context), customParms(context), junctionBoxes(context), fieldbusCards(context) {}
+        : general(context),
+          prompts(context),
+          scales(context),
+          hardware(context),
+          tickets(context),
+          widgets(context),
+          setpoints(context),
+          customParms(context),
+          junctionBoxes(context),
+          fieldbusCards(context) {}
 
     CGeneral general;
     CPrompts prompts;

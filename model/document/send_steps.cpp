@@ -28,8 +28,10 @@ std::string Part(const KeptSection& section, const std::array<std::string_view, 
 std::string WidgetLines(const CWidgets& widgets, const Target& target) {
     std::string text = "WDGT.CLR\r\n";
     const auto& lines = widgets.Lines();
-    const std::size_t count = target.Opens(Since("3.01.")) ? lines.size() : std::min(lines.size(), kOldWidgetLimit);
-    for (std::size_t i = 0; i < count; ++i) text.append(lines[i].key).append("=").append(lines[i].value).append("\r\n");
+    const std::size_t count =
+        target.Opens(Since("3.01.")) ? lines.size() : std::min(lines.size(), kOldWidgetLimit);
+    for (std::size_t i = 0; i < count; ++i)
+        text.append(lines[i].key).append("=").append(lines[i].value).append("\r\n");
     return text;
 }
 

@@ -12,7 +12,8 @@ namespace calyx {
 
 // The indicator-wide features. Passwords and consecutive numbers are 0 when not in use.
 struct GeneralFields {
-    FixedText<10> batchingMode, dateFormat, dateSeperator, regulatoryMode, truckMode, timeFormat, timeSeperator;
+    FixedText<10> batchingMode, dateFormat, dateSeperator, regulatoryMode, truckMode, timeFormat,
+        timeSeperator;
     FixedText<10> decimalFormat, regulatoryWording, imageMode, alibi;
     FixedText<8> unitId;
     std::int32_t configurationPassword = 0, setpointPassword = 0;

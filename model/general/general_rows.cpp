@@ -9,8 +9,8 @@ namespace {
 using F = GeneralFields;
 
 // Headings of the editor page.
-constexpr int kOperation = 2101, kSecurity = 2102, kFormats = 2103, kLegal = 2104, kGravity = 2105, kContact = 2106,
-              kService = 2107, kKeys = 2108;
+constexpr int kOperation = 2101, kSecurity = 2102, kFormats = 2103, kLegal = 2104, kGravity = 2105,
+              kContact = 2106, kService = 2107, kKeys = 2108;
 // What is wrong with an address: {1} label, {2} value.
 constexpr int kBadIp = 2190, kBadEmail = 2191;
 
@@ -34,6 +34,8 @@ inline constexpr Codec<std::int32_t> kLockWord{
         return on || text == "OFF" ? Taken::Whole : Taken::Not;
     }};
 
+// One row a line, as a table.
+// clang-format off
 constexpr Row<F> kRows[] = {
     row<&F::batchingMode, kFixed10>("BATCHNG", "", {.list = "GEN.BATMDS", .label = 2001, .group = kOperation, .help = 2201}),
     row<&F::configurationPassword, kInteger>("CFGPWD", "0", {.label = 2002, .group = kSecurity, .help = 2202, .min = 0, .max = 999999}),
@@ -75,43 +77,45 @@ constexpr Row<F> kRows[] = {
     row<&F::alertServer, kFixedText<15>>("ALERT.SERV", "0.0.0.0", {.label = 2046, .group = kService, .help = 2246, .rule = CheckIp}),
     row<&F::alertPhone, kFixedText<20>>("ALERT.PHONE", "", {.label = 2047, .group = kService, .help = 2247}),
 };
+// clang-format on
 constexpr Lines lines{kRows};
 
 bool HasGravity(const F& fields) {
     return fields.gravityCompensation;
 }
 
-constexpr auto kLayout = Join(
-    lines("BATCHNG", "CFGPWD", "SPPWD", "CONSNUM", "CONSTUP", "DATEFMT", "DATESEP", "DSPRATE", "REGULAT", "TRUCK",
-          "TIMEFMT", "TIMESEP", "UID", "DECFMT"),
-    Gated(Only({"1.05."}) | Since("2.00."), lines("REGWORD")),  // 1.06 lost it again
-    Gated(Only({"3.05.", "3.06."}), lines("IMAGE")),            // narrow on purpose
-    Gated(Since("3.05."), lines("ALIBI")),
-    lines("KYBDLK", "ZERONLY", "GRAVADJ"),
-    // Without gravity adjustment the place says nothing, and it is left out of the file too.
-    When(HasGravity, lines("LAT.LOC", "ELEV.LOC")),
-    Gated(Since("2.00."),
-          lines("CONTACT.COMPANY", "CONTACT.ADDR1", "CONTACT.ADDR2", "CONTACT.ADDR3", "CONTACT.NAME1", "CONTACT.NAME2",
-                "CONTACT.NAME3", "CONTACT.PHONE1", "CONTACT.PHONE2", "CONTACT.PHONE3", "CONTACT.EMAIL", "NEXTCAL",
-                "ALERT.SERV")),
-    Gated(Since("3.00."), lines("ALERT.PHONE")));
+constexpr auto kLayout =
+    Join(lines("BATCHNG", "CFGPWD", "SPPWD", "CONSNUM", "CONSTUP", "DATEFMT", "DATESEP", "DSPRATE", "REGULAT",
+               "TRUCK", "TIMEFMT", "TIMESEP", "UID", "DECFMT"),
+         Gated(Only({"1.05."}) | Since("2.00."), lines("REGWORD")),  // 1.06 lost it again
+         Gated(Only({"3.05.", "3.06."}), lines("IMAGE")),            // narrow on purpose
+         Gated(Since("3.05."), lines("ALIBI")), lines("KYBDLK", "ZERONLY", "GRAVADJ"),
+         // Without gravity adjustment the place says nothing, and it is left out of the file too.
+         When(HasGravity, lines("LAT.LOC", "ELEV.LOC")),
+         Gated(Since("2.00."),
+               lines("CONTACT.COMPANY", "CONTACT.ADDR1", "CONTACT.ADDR2", "CONTACT.ADDR3", "CONTACT.NAME1",
+                     "CONTACT.NAME2", "CONTACT.NAME3", "CONTACT.PHONE1", "CONTACT.PHONE2", "CONTACT.PHONE3",
+                     "CONTACT.EMAIL", "NEXTCAL", "ALERT.SERV")),
+         Gated(Since("3.00."), lines("ALERT.PHONE")));
 
 using K = KeyLockFields;
 template <std::size_t Place>
 consteval Row<K> KeyLock(std::string_view stem) {
-    return row<&K::locked, kTrueFalse, Place>(stem, "False", {.label = 2060 + static_cast<int>(Place), .group = kKeys, .help = 2260});
+    return row<&K::locked, kTrueFalse, Place>(
+        stem, "False", {.label = 2060 + static_cast<int>(Place), .group = kKeys, .help = 2260});
 }
 constexpr Row<K> kKeyLockRows[] = {
-    KeyLock<0>("KZERO"), KeyLock<1>("KGROSSNET"), KeyLock<2>("KTARE"),  KeyLock<3>("KUNITS"), KeyLock<4>("KPRINT"),
-    KeyLock<5>("KUP"),   KeyLock<6>("KDOWN"),     KeyLock<7>("KLEFT"),  KeyLock<8>("KRIGHT"), KeyLock<9>("KENTER"),
-    KeyLock<10>("KCLR"), KeyLock<11>("KDOT"),     KeyLock<12>("K0"),    KeyLock<13>("K1"),    KeyLock<14>("K2"),
-    KeyLock<15>("K3"),   KeyLock<16>("K4"),       KeyLock<17>("K5"),    KeyLock<18>("K6"),    KeyLock<19>("K7"),
-    KeyLock<20>("K8"),   KeyLock<21>("K9"),
+    KeyLock<0>("KZERO"),  KeyLock<1>("KGROSSNET"), KeyLock<2>("KTARE"), KeyLock<3>("KUNITS"),
+    KeyLock<4>("KPRINT"), KeyLock<5>("KUP"),       KeyLock<6>("KDOWN"), KeyLock<7>("KLEFT"),
+    KeyLock<8>("KRIGHT"), KeyLock<9>("KENTER"),    KeyLock<10>("KCLR"), KeyLock<11>("KDOT"),
+    KeyLock<12>("K0"),    KeyLock<13>("K1"),       KeyLock<14>("K2"),   KeyLock<15>("K3"),
+    KeyLock<16>("K4"),    KeyLock<17>("K5"),       KeyLock<18>("K6"),   KeyLock<19>("K7"),
+    KeyLock<20>("K8"),    KeyLock<21>("K9"),
 };
 constexpr Lines keyLines{kKeyLockRows};
 constexpr auto kKeyLockLayout =
-    keyLines("KZERO", "KGROSSNET", "KTARE", "KUNITS", "KPRINT", "KUP", "KDOWN", "KLEFT", "KRIGHT", "KENTER", "KCLR",
-             "KDOT", "K0", "K1", "K2", "K3", "K4", "K5", "K6", "K7", "K8", "K9");
+    keyLines("KZERO", "KGROSSNET", "KTARE", "KUNITS", "KPRINT", "KUP", "KDOWN", "KLEFT", "KRIGHT", "KENTER",
+             "KCLR", "KDOT", "K0", "K1", "K2", "K3", "K4", "K5", "K6", "K7", "K8", "K9");
 
 constexpr Row<VersionFields> kVersionRows[] = {
     row<&VersionFields::version, kFreeText>("VERSION", "", {.label = 2050, .help = 2250}),
@@ -122,8 +126,10 @@ constexpr auto kVersionLayout = versionLines("VERSION");
 }  // namespace
 
 constexpr RowTable<GeneralFields> kGeneralTable{kRows, [](const F&) { return Layout<F>(kLayout); }};
-constexpr RowTable<KeyLockFields> kKeyLockTable{kKeyLockRows, [](const K& fields) { return fields.HasContent() ? Layout<K>(kKeyLockLayout) : Layout<K>(); }, "KLOCK."};
-constexpr RowTable<VersionFields> kVersionTable{kVersionRows,
-                                                [](const VersionFields&) { return Layout<VersionFields>(kVersionLayout); }};
+constexpr RowTable<KeyLockFields> kKeyLockTable{
+    kKeyLockRows,
+    [](const K& fields) { return fields.HasContent() ? Layout<K>(kKeyLockLayout) : Layout<K>(); }, "KLOCK."};
+constexpr RowTable<VersionFields> kVersionTable{
+    kVersionRows, [](const VersionFields&) { return Layout<VersionFields>(kVersionLayout); }};
 
 }  // namespace calyx

@@ -20,8 +20,8 @@ Taken KeptLines::Take(std::size_t row, std::string_view text) {
 }
 
 std::optional<std::size_t> KeptLines::Find(std::string_view key) const {
-    const auto found =
-        std::find_if(lines_.begin(), lines_.end(), [key](const KeyValue& line) { return EqualNoCase(line.key, key); });
+    const auto found = std::find_if(lines_.begin(), lines_.end(),
+                                    [key](const KeyValue& line) { return EqualNoCase(line.key, key); });
     if (found == lines_.end()) return std::nullopt;
     return static_cast<std::size_t>(found - lines_.begin());
 }
@@ -51,7 +51,8 @@ void KeptLines::Append(std::string& out, const Target&) const {
 
 bool KeptLines::Adopts(std::string_view key) const {
     return std::any_of(starts_.begin(), starts_.end(), [key](std::string_view start) {
-        return start.ends_with('=') ? EqualNoCase(key, start.substr(0, start.size() - 1)) : StartsNoCase(key, start);
+        return start.ends_with('=') ? EqualNoCase(key, start.substr(0, start.size() - 1))
+                                    : StartsNoCase(key, start);
     });
 }
 

@@ -14,7 +14,8 @@ using Starts = std::span<const std::string_view>;
 using namespace std::string_view_literals;
 
 bool BeginsWithOne(std::string_view key, Starts starts) {
-    return std::any_of(starts.begin(), starts.end(), [key](std::string_view start) { return StartsNoCase(key, start); });
+    return std::any_of(starts.begin(), starts.end(),
+                       [key](std::string_view start) { return StartsNoCase(key, start); });
 }
 
 void AppendLine(std::string& out, const KeyValue& line) {
@@ -34,14 +35,14 @@ constexpr KeptKind kHardware{"hardware", 2121, kHardwareKeys, kHardwareWithheld,
 constexpr std::array kScaleKeys{"SC."sv};
 constexpr std::array kScaleAliases{AliasBlock{"-- Scale Aliases", "SC.ALIAS#"}};
 constexpr std::array kCalibration{"SC.WVAL#"sv, "SC.LC.CD#"sv, "SC.LC.CW#"sv, "SC.LC.CZ#"sv, "SC.WLIN."sv};
-constexpr std::array kScaleWithheld{"SC.WVAL#"sv,     "SC.LC.CD#"sv,      "SC.LC.CW#"sv,   "SC.LC.CZ#"sv, "SC.WLIN."sv,
-                                    "SC.NUMWEIGH#"sv, "SC.MAX_WEIGHT#"sv, "SC.MAX_DATE#"sv};
+constexpr std::array kScaleWithheld{"SC.WVAL#"sv, "SC.LC.CD#"sv,    "SC.LC.CW#"sv,      "SC.LC.CZ#"sv,
+                                    "SC.WLIN."sv, "SC.NUMWEIGH#"sv, "SC.MAX_WEIGHT#"sv, "SC.MAX_DATE#"sv};
 constexpr KeptKind kScales{"scales", 2122, kScaleKeys, kScaleWithheld, kScaleAliases};
 
-constexpr std::array kTicketKeys{"GFMT."sv,      "NFMT."sv,     "TRWIN."sv,    "TRWOUT."sv,  "SPFMT."sv,
-                                 "HDRFMT1="sv,   "HDRFMT2="sv,  "ACC."sv,      "TR."sv,      "ALERT.FMT="sv,
-                                 "ALERT.PORT="sv, "ALERT.VERT="sv, "ALERT.HORZ="sv, "ALERT.PRN="sv, "AUXFMT."sv,
-                                 "AUD."sv};
+constexpr std::array kTicketKeys{"GFMT."sv,       "NFMT."sv,      "TRWIN."sv,      "TRWOUT."sv,
+                                 "SPFMT."sv,      "HDRFMT1="sv,   "HDRFMT2="sv,    "ACC."sv,
+                                 "TR."sv,         "ALERT.FMT="sv, "ALERT.PORT="sv, "ALERT.VERT="sv,
+                                 "ALERT.HORZ="sv, "ALERT.PRN="sv, "AUXFMT."sv,     "AUD."sv};
 constexpr KeptKind kTickets{"tickets", 2123, kTicketKeys, {}, {}};
 
 constexpr std::array kWidgetKeys{"WDGT#"sv};
@@ -80,7 +81,10 @@ std::string KeptSection::GetIWriteImportDef() const {
         }
         for (auto& [number, alias] : aliases) {
             if (alias.size() < block.padTo) alias.resize(block.padTo, ' ');
-            text.append(alias).append(" : constant integer := ").append(std::to_string(number)).append(";\r\n");
+            text.append(alias)
+                .append(" : constant integer := ")
+                .append(std::to_string(number))
+                .append(";\r\n");
         }
     }
     return text;

@@ -21,7 +21,8 @@ Places FirstPlaces(const std::vector<KeyValue>& lines) {
 
 ChangeSet ChangeSet::Inverse() const {
     ChangeSet inverse;
-    for (auto at = changes_.rbegin(); at != changes_.rend(); ++at) inverse.Add({at->key, at->after, at->before});
+    for (auto at = changes_.rbegin(); at != changes_.rend(); ++at)
+        inverse.Add({at->key, at->after, at->before});
     return inverse;
 }
 
@@ -48,7 +49,8 @@ ChangeSet Difference(const std::vector<KeyValue>& before, const std::vector<KeyV
     const auto addNewUpTo = [&](std::size_t end) {
         for (; next < end; ++next) {
             const std::string key = Upper(after[next].key);
-            if (!old.contains(key) && fresh.at(key) == next) changes.Add({after[next].key, std::nullopt, after[next].value});
+            if (!old.contains(key) && fresh.at(key) == next)
+                changes.Add({after[next].key, std::nullopt, after[next].value});
         }
     };
     for (std::size_t i = 0; i < before.size(); ++i) {

@@ -33,18 +33,21 @@ struct Codec {
 // Text in a field of N characters, written trimmed.
 template <std::size_t N>
 inline constexpr Codec<FixedText<N>> kFixedText{
-    ValueKind::Text, N, [](std::string& out, const FixedText<N>& value, const Target&) { out += value.Trimmed(); },
-    [](FixedText<N>& value, std::string_view text) { return value.Assign(text) ? Taken::Whole : Taken::Cut; }};
+    ValueKind::Text, N,
+    [](std::string& out, const FixedText<N>& value, const Target&) { out += value.Trimmed(); },
+    [](FixedText<N>& value, std::string_view text) {
+        return value.Assign(text) ? Taken::Whole : Taken::Cut;
+    }};
 inline constexpr const auto& kFixed8 = kFixedText<8>;
 inline constexpr const auto& kFixed10 = kFixedText<10>;
 
 // Text of any length, written as it stands, blanks included.
-inline constexpr Codec<std::string> kFreeText{ValueKind::Text, 0,
-                                              [](std::string& out, const std::string& value, const Target&) { out += value; },
-                                              [](std::string& value, std::string_view text) {
-                                                  value = text;
-                                                  return Taken::Whole;
-                                              }};
+inline constexpr Codec<std::string> kFreeText{
+    ValueKind::Text, 0, [](std::string& out, const std::string& value, const Target&) { out += value; },
+    [](std::string& value, std::string_view text) {
+        value = text;
+        return Taken::Whole;
+    }};
 
 inline constexpr Codec<std::int32_t> kInteger{
     ValueKind::Integer, 11,
@@ -57,7 +60,8 @@ inline constexpr Codec<std::int32_t> kInteger{
     }};
 
 inline constexpr Codec<float> kSingle{
-    ValueKind::Decimal, 16, [](std::string& out, const float& value, const Target&) { AppendSingle(out, value); },
+    ValueKind::Decimal, 16,
+    [](std::string& out, const float& value, const Target&) { AppendSingle(out, value); },
     [](float& value, std::string_view text) {
         const auto number = ReadDecimal(text);
         if (!number) return Taken::Not;
@@ -67,17 +71,16 @@ inline constexpr Codec<float> kSingle{
 
 // A number with a sign or unit behind it: "1.9%", "3D". The sign may be missing on reading.
 template <char Sign>
-inline constexpr Codec<float> kSingleWith{
-    ValueKind::Decimal, 16,
-    [](std::string& out, const float& value, const Target&) {
-        AppendSingle(out, value);
-        out += Sign;
-    },
-    [](float& value, std::string_view text) {
-        text = Trim(text);
-        if (text.ends_with(Sign)) text.remove_suffix(1);
-        return kSingle.take(value, text);
-    }};
+inline constexpr Codec<float> kSingleWith{ValueKind::Decimal, 16,
+                                          [](std::string& out, const float& value, const Target&) {
+                                              AppendSingle(out, value);
+                                              out += Sign;
+                                          },
+                                          [](float& value, std::string_view text) {
+                                              text = Trim(text);
+                                              if (text.ends_with(Sign)) text.remove_suffix(1);
+                                              return kSingle.take(value, text);
+                                          }};
 
 // On is exactly `On`; the second word is off, and so is anything else, which is reported.
 template <const auto& On, const auto& Off>
@@ -96,7 +99,8 @@ inline constexpr const auto& kTrueFalse = kSwitchWords<word::kTrue, word::kFalse
 
 // Off is exactly "OFF", in any case; anything else is on.
 inline constexpr Codec<bool> kUnlessOff{
-    ValueKind::Switch, 3, [](std::string& out, const bool& value, const Target&) { out += value ? "ON" : "OFF"; },
+    ValueKind::Switch, 3,
+    [](std::string& out, const bool& value, const Target&) { out += value ? "ON" : "OFF"; },
     [](bool& value, std::string_view text) {
         value = !EqualNoCase(Trim(text), "OFF");
         return !value || Trim(text) == "ON" ? Taken::Whole : Taken::Not;
@@ -117,13 +121,13 @@ inline constexpr Codec<std::int32_t> kPrefixed{
     }};
 
 // "MMDDYYYY"; an empty value is no date.
-inline constexpr Codec<Date> kDate{ValueKind::Date, 8,
-                                   [](std::string& out, const Date& value, const Target&) { AppendDate(out, value); },
-                                   [](Date& value, std::string_view text) {
-                                       const auto date = ReadDate(text);
-                                       if (!date && !Trim(text).empty()) return Taken::Not;
-                                       value = date.value_or(Date{});
-                                       return Taken::Whole;
-                                   }};
+inline constexpr Codec<Date> kDate{
+    ValueKind::Date, 8, [](std::string& out, const Date& value, const Target&) { AppendDate(out, value); },
+    [](Date& value, std::string_view text) {
+        const auto date = ReadDate(text);
+        if (!date && !Trim(text).empty()) return Taken::Not;
+        value = date.value_or(Date{});
+        return Taken::Whole;
+    }};
 
 }  // namespace calyx

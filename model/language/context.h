@@ -14,7 +14,7 @@ struct ModelContext {
     ResourceTexts texts;
     ListCatalogue lists;
     TargetVersion target;
-    IFileStore* files = nullptr;          // where documents are read and written
+    IFileStore* files = nullptr;            // where documents are read and written
     std::string programVersion = "3.10.0";  // major "." minor with two digits "." revision
 };
 

@@ -9,10 +9,13 @@ namespace calyx {
 
 std::optional<Date> ReadDate(std::string_view text) {
     text = Trim(text);
-    if (text.size() != 8 || !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; })) {
+    if (text.size() != 8 ||
+        !std::all_of(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; })) {
         return std::nullopt;
     }
-    const auto number = [&](std::size_t at, std::size_t size) { return ReadInteger(text.substr(at, size))->value; };
+    const auto number = [&](std::size_t at, std::size_t size) {
+        return ReadInteger(text.substr(at, size))->value;
+    };
     const std::chrono::year_month_day day{std::chrono::year(number(4, 4)),
                                           std::chrono::month(static_cast<unsigned>(number(0, 2))),
                                           std::chrono::day(static_cast<unsigned>(number(2, 2)))};

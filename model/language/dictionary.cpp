@@ -52,7 +52,8 @@ void Dictionary::ReadLines() {
     const auto take = [&](const char* begin, const char* end) {
         ++number;
         const auto length = static_cast<std::size_t>(end - begin);
-        const auto* equals = static_cast<const char*>(length == 0 ? nullptr : std::memchr(begin, '=', length));
+        const auto* equals =
+            static_cast<const char*>(length == 0 ? nullptr : std::memchr(begin, '=', length));
         if (equals == nullptr || equals == begin) {
             if (length != 0) textLines_.push_back({{begin, length}, number});
             return;
@@ -64,11 +65,13 @@ void Dictionary::ReadLines() {
     const char* at = text_->data();
     const char* const stop = at + text_->size();
     while (at != stop) {
-        const auto* newline = static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(stop - at)));
+        const auto* newline =
+            static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(stop - at)));
         const char* end = newline == nullptr ? stop : newline;
         const char* last = newline != nullptr && end != at && end[-1] == '\r' ? end - 1 : end;
         while (last != at) {
-            const auto* cr = static_cast<const char*>(std::memchr(at, '\r', static_cast<std::size_t>(last - at)));
+            const auto* cr =
+                static_cast<const char*>(std::memchr(at, '\r', static_cast<std::size_t>(last - at)));
             if (cr == nullptr) break;
             take(at, cr);
             at = cr + 1;

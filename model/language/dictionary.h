@@ -33,7 +33,9 @@ class Dictionary {
     const Entry* Find(std::string_view key);
     const Entry* Peek(std::string_view key) const;
     std::string FindParameter(std::string_view key, std::string_view absent);
-    void MarkAsked(const Entry& entry) { entries_[static_cast<std::size_t>(&entry - entries_.data())].asked = true; }
+    void MarkAsked(const Entry& entry) {
+        entries_[static_cast<std::size_t>(&entry - entries_.data())].asked = true;
+    }
 
     const std::string& Text() const { return *text_; }
     const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences

@@ -43,7 +43,8 @@ const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& 
     return lists.List(info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list);
 }
 
-Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value, const std::string& initial) {
+Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value,
+                  const std::string& initial) {
     if (list == nullptr || list->ValidateItem(Trim(value))) return {value};
     switch (info.more.unknown) {
         case Unknown::First:
@@ -56,13 +57,15 @@ Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view v
     return {list->Default(), true};
 }
 
-void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced, std::string became) {
+void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced,
+            std::string became) {
     using Kind = ReadNote::Kind;
     const Kind kind = replaced               ? Kind::ListValue
                       : taken == Taken::Part ? Kind::PartlyRead
                       : taken == Taken::Cut  ? Kind::Cut
                                              : Kind::NotUnderstood;
-    report.Add({kind, report.Section(), std::string(entry.key), std::string(entry.value), std::move(became), entry.line});
+    report.Add({kind, report.Section(), std::string(entry.key), std::string(entry.value), std::move(became),
+                entry.line});
 }
 
 }  // namespace detail

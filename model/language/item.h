@@ -63,8 +63,10 @@ struct Checked {
     std::string_view text;
     bool replaced = false;
 };
-Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value, const std::string& initial);
-void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced, std::string became);
+Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value,
+                  const std::string& initial);
+void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced,
+            std::string became);
 }  // namespace detail
 
 // The item of a table of rows over one struct of fields. The struct is open to its section.
@@ -151,7 +153,8 @@ class RowItem final : public Item {
 
     void RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
         const Row<F>& r = Info(i);
-        const Dictionary::Entry* entry = lines.Find(KeyOf(r.more.readStem.empty() ? r.stem : r.more.readStem));
+        const Dictionary::Entry* entry =
+            lines.Find(KeyOf(r.more.readStem.empty() ? r.stem : r.more.readStem));
         if (entry == nullptr) {
             if (r.more.absent == Absent::Initial) Take(i, InitialText(i));
             if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));

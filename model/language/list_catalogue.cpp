@@ -25,11 +25,14 @@ void ListCatalogue::Read(std::string_view file, const ResourceTexts& texts) {
         if (line.starts_with('[') && line.ends_with(']')) {
             Finish(draft, texts);
             draft = {.name = std::string(line.substr(1, line.size() - 2)), .line = number};
-        } else if (equals != std::string_view::npos && (field == "texts" || field == "keys" || field == "default")) {
-            (field == "texts" ? draft.texts : field == "keys" ? draft.keys : draft.standard) = line.substr(equals + 1);
+        } else if (equals != std::string_view::npos &&
+                   (field == "texts" || field == "keys" || field == "default")) {
+            (field == "texts"  ? draft.texts
+             : field == "keys" ? draft.keys
+                               : draft.standard) = line.substr(equals + 1);
         } else {
-            throw std::runtime_error("list catalogue, line " + std::to_string(number) + ": \"" + std::string(line) +
-                                     "\" is no heading, texts, keys or default");
+            throw std::runtime_error("list catalogue, line " + std::to_string(number) + ": \"" +
+                                     std::string(line) + "\" is no heading, texts, keys or default");
         }
     });
     Finish(draft, texts);
@@ -38,7 +41,8 @@ void ListCatalogue::Read(std::string_view file, const ResourceTexts& texts) {
 void ListCatalogue::Finish(Draft& draft, const ResourceTexts& texts) {
     if (draft.name.empty()) return;
     const auto refuse = [&](const char* why) {
-        throw std::runtime_error("list catalogue, line " + std::to_string(draft.line) + ": list " + draft.name + " " + why);
+        throw std::runtime_error("list catalogue, line " + std::to_string(draft.line) + ": list " +
+                                 draft.name + " " + why);
     };
     if (Split(draft.texts, ',').size() != Split(draft.keys, ',').size()) refuse("has not one text a key");
     CTextList list;

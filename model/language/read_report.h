@@ -10,13 +10,13 @@ namespace calyx {
 // report pane show this.
 struct ReadNote {
     enum class Kind {
-        TextLine,        // a line without "=": a comment; not kept
-        UnknownKey,      // no section owns the key; not kept
-        DuplicateKey,    // a later occurrence; the first one counts
-        ListValue,       // not one of the allowed words; `became` says what it reads as
-        NotUnderstood,   // no number, date or switch; the default stays
-        PartlyRead,      // only the start of the value is a number
-        Cut,             // longer than its field
+        TextLine,       // a line without "=": a comment; not kept
+        UnknownKey,     // no section owns the key; not kept
+        DuplicateKey,   // a later occurrence; the first one counts
+        ListValue,      // not one of the allowed words; `became` says what it reads as
+        NotUnderstood,  // no number, date or switch; the default stays
+        PartlyRead,     // only the start of the value is a number
+        Cut,            // longer than its field
     };
     Kind kind;
     std::string section;  // empty where no section is concerned

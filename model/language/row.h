@@ -36,10 +36,10 @@ enum class Use : std::uint8_t {
 
 // Said only where it differs from the usual.
 struct More {
-    std::string_view list = {};                    // value list in the catalogue
+    std::string_view list = {};                      // value list in the catalogue
     std::string_view (*listOf)(int item) = nullptr;  // where the list depends on the item's number
-    int label = 0;                                 // numbers of resource texts
-    int group = 0;                                 // heading on the editor page
+    int label = 0;                                   // numbers of resource texts
+    int group = 0;                                   // heading on the editor page
     int help = 0;
     double min = 0;  // allowed range, both ends included; equal ends: none
     double max = 0;
@@ -48,14 +48,15 @@ struct More {
     Absent absent = Absent::Keep;
     Unknown unknown = Unknown::Default;
     Use use = Use::Line;
-    std::string_view readStem = {};                          // looked up under this stem instead
+    std::string_view readStem = {};                                  // looked up under this stem instead
     std::string (*initialOf)(int item, const CTextList*) = nullptr;  // where it depends on number or list
-    int (*rule)(std::string_view value) = nullptr;           // number of the broken rule's text, 0: kept
+    int (*rule)(std::string_view value) = nullptr;  // number of the broken rule's text, 0: kept
 
     constexpr bool HasRange() const { return min < max; }
 };
 
-// What the rest of the house sees of a row. "{n}" in `initial` and `absentValue` stands for the item's number.
+// What the rest of the house sees of a row. "{n}" in `initial` and `absentValue` stands for the item's
+// number.
 struct RowInfo {
     std::string_view stem;
     std::string_view initial;  // "" with a list: the list's own default
@@ -108,14 +109,13 @@ struct CodecType<Codec<T>> {
 
 // The same type: without this a float codec would take an integer member.
 template <auto Member, const auto& TheCodec, std::size_t... Element>
-concept FitsExactly =
-    std::is_same_v<detail::Held<Member, TheCodec, Element...>,
-                   typename detail::CodecType<std::remove_cvref_t<decltype(TheCodec)>>::Type>;
+concept FitsExactly = std::is_same_v < detail::Held<Member, TheCodec, Element...>,
+typename detail::CodecType<std::remove_cvref_t<decltype(TheCodec)>>::Type > ;
 
 // A row: row<&F::grads, kInteger>("GRADS", "10000", {.label = 3101}); an element of an array member is
 // named by its place: row<&F::filter, kFixed10, 0>("DIGFLTR1", "4").
 template <auto Member, const auto& TheCodec, std::size_t... Element>
-    requires FitsExactly<Member, TheCodec, Element...>
+requires FitsExactly<Member, TheCodec, Element...>
 consteval auto row(std::string_view stem, std::string_view initial, More more = {}) {
     using F = typename detail::MemberPointer<decltype(Member)>::Fields;
     Row<F> made;
@@ -146,7 +146,8 @@ struct Line {
 template <class F>
 using Layout = std::span<const Line<F>>;
 
-// Makes layout entries from the stems of one table's rows: constexpr Lines lines{kRows}; lines("TRUCK", "UID").
+// Makes layout entries from the stems of one table's rows: constexpr Lines lines{kRows}; lines("TRUCK",
+// "UID").
 template <class F, std::size_t N>
 struct Lines {
     const Row<F> (&rows)[N];

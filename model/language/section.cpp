@@ -9,13 +9,13 @@ namespace calyx {
 namespace {
 
 // Resource texts of the generic checks.
-constexpr int kNotInList = 2901;       // {1} label, {2} value, {3} the allowed words
-constexpr int kOutOfRangeText = 2902;  // {1} label, {2} value, {3} least, {4} most, {5} unit
-constexpr int kNotUnderstood = 2903;   // {1} label, {2} value, {3} what is expected
-constexpr int kTooLong = 2904;         // {1} label, {2} most characters, {3} what was kept
-constexpr int kDecidedElsewhere = 2905;  // {1} key, {2} value that stands
+constexpr int kNotInList = 2901;          // {1} label, {2} value, {3} the allowed words
+constexpr int kOutOfRangeText = 2902;     // {1} label, {2} value, {3} least, {4} most, {5} unit
+constexpr int kNotUnderstood = 2903;      // {1} label, {2} value, {3} what is expected
+constexpr int kTooLong = 2904;            // {1} label, {2} most characters, {3} what was kept
+constexpr int kDecidedElsewhere = 2905;   // {1} key, {2} value that stands
 constexpr int kReadOnlyParameter = 2907;  // {1} label
-constexpr int kKindWords = 2910;         // 2910 + kind: "text", "a whole number", ...
+constexpr int kKindWords = 2910;          // 2910 + kind: "text", "a whole number", ...
 
 std::string Label(const ModelContext& context, const Item& item, std::size_t row) {
     const int label = item.Info(row).more.label;
@@ -35,20 +35,22 @@ std::string JoinKeys(const CTextList& list) {
 }
 
 // Why a value that the row has taken is out of its range; empty when it is not.
-std::string RangeFault(const ModelContext& context, const Item& item, std::size_t row, const std::string& text) {
+std::string RangeFault(const ModelContext& context, const Item& item, std::size_t row,
+                       const std::string& text) {
     const More& more = item.Info(row).more;
     if (!more.HasRange()) return {};
     const auto number = ReadDecimal(text);
     if (!number || (number->value >= more.min && number->value <= more.max)) return {};
-    return context.texts.Format(kOutOfRangeText, {Label(context, item, row), text, Number(more.min), Number(more.max),
-                                                  more.unit});
+    return context.texts.Format(
+        kOutOfRangeText, {Label(context, item, row), text, Number(more.min), Number(more.max), more.unit});
 }
 
 // Why a value cannot be taken as given; empty when it can. `item` is a scratch copy that tries it.
 std::string Fault(const ModelContext& context, Item& item, std::size_t row, const std::string& value) {
     const RowInfo& info = item.Info(row);
     const auto kindWords = [&] { return context.texts.Text(kKindWords + static_cast<int>(info.kind)); };
-    if (info.more.use == Use::ReadOnly) return context.texts.Format(kReadOnlyParameter, {Label(context, item, row)});
+    if (info.more.use == Use::ReadOnly)
+        return context.texts.Format(kReadOnlyParameter, {Label(context, item, row)});
     const CTextList* list = item.List(row);
     if (list != nullptr && !list->ValidateItem(Trim(value))) {
         return context.texts.Format(kNotInList, {Label(context, item, row), value, JoinKeys(*list)});
@@ -72,7 +74,8 @@ class Merge {
     void Add(std::size_t row, const Change& change, Section::Check check, std::vector<Refusal>& refused) {
         const std::string value = change.after ? *change.after : item_.InitialText(row);
         const auto scratch = item_.Clone();
-        std::string fault = check == Section::Check::Strict ? Fault(context_, *scratch, row, value) : std::string();
+        std::string fault =
+            check == Section::Check::Strict ? Fault(context_, *scratch, row, value) : std::string();
         if (!fault.empty()) {
             refused.push_back({change.key, value, std::move(fault)});
             return;
@@ -84,32 +87,38 @@ class Merge {
                                                                 scratch->Text(row)})});
         }
         texts_[row] = value;
-        wanted_.push_back({row, change.key, scratch->Text(row)});
+        wanted_.push_back({row, change.key, value});
     }
 
     void Finish(Section::Check check, std::vector<Refusal>& refused) {
         if (wanted_.empty()) return;
         const auto take = [this](bool page) {
             for (std::size_t i = 0; i < texts_.size(); ++i) {
-                if ((item_.Info(i).more.use == Use::Page) == page && (!page || Wanted(i))) item_.Take(i, texts_[i]);
+                if ((item_.Info(i).more.use == Use::Page) == page && (!page || Wanted(i)))
+                    item_.Take(i, texts_[i]);
             }
         };
         take(false);
         take(true);
-        for (const auto& [row, key, text] : wanted_) {
+        if (check != Section::Check::Strict) return;
+        for (const auto& [row, key, value] : wanted_) {
+            // A value that stands changes nothing when it is taken once more.
+            const auto again = item_.Clone();
+            again->Take(row, value);
             const std::string now = item_.Text(row);
-            if (now == text || check != Section::Check::Strict) continue;
-            refused.push_back({key, text, context_.texts.Format(kDecidedElsewhere, {key, now})});
+            if (again->Text(row) == now) continue;
+            refused.push_back({key, value, context_.texts.Format(kDecidedElsewhere, {key, now})});
         }
     }
 
   private:
     struct Wish {
         std::size_t row;
-        std::string key, text;
+        std::string key, value;
     };
     bool Wanted(std::size_t row) const {
-        return std::any_of(wanted_.begin(), wanted_.end(), [row](const Wish& wish) { return wish.row == row; });
+        return std::any_of(wanted_.begin(), wanted_.end(),
+                           [row](const Wish& wish) { return wish.row == row; });
     }
 
     const ModelContext& context_;
@@ -197,7 +206,8 @@ CBrokenRules Section::BrokenRules() const {
             std::string fault = RangeFault(*context_, *item, i, text);
             const int broken = more.rule == nullptr ? 0 : more.rule(text);
             if (broken != 0) fault = context_->texts.Format(broken, {Label(*context_, *item, i), text});
-            if (!fault.empty()) rules.Add({std::string(Name()), item->Number(), item->Key(i), std::move(fault)});
+            if (!fault.empty())
+                rules.Add({std::string(Name()), item->Number(), item->Key(i), std::move(fault)});
         }
     }
     AddBrokenRules(rules);

@@ -15,12 +15,13 @@ namespace calyx {
 
 std::string_view Trim(std::string_view text);
 std::string_view TrimRight(std::string_view text);
-bool EqualNoCase(std::string_view a, std::string_view b);   // ASCII letters only
+bool EqualNoCase(std::string_view a, std::string_view b);  // ASCII letters only
 bool StartsNoCase(std::string_view text, std::string_view start);
-std::string Upper(std::string_view text);                   // ASCII letters only
+std::string Upper(std::string_view text);                                    // ASCII letters only
 std::vector<std::string_view> Split(std::string_view text, char delimiter);  // "" gives one empty piece
 
-// The lines of a text, without their ends. CR LF, LF and CR all end a line; a last line without an end counts.
+// The lines of a text, without their ends. CR LF, LF and CR all end a line; a last line without an end
+// counts.
 template <class Take>
 void ForEachLine(std::string_view text, Take&& take) {
     while (!text.empty()) {

@@ -8,7 +8,8 @@ namespace {
 const std::string kNone;
 }
 
-void CTextList::Fetch(const ResourceTexts& texts, std::string_view textIds, std::string_view keys, char delimiter) {
+void CTextList::Fetch(const ResourceTexts& texts, std::string_view textIds, std::string_view keys,
+                      char delimiter) {
     *this = CTextList();
     const auto ids = Split(textIds, delimiter);
     const auto words = Split(keys, delimiter);

@@ -9,7 +9,9 @@ namespace calyx {
 std::string Words(Gate gate) {
     if (gate.Ungated()) return "all versions";
     std::string words;
-    const auto name = [](std::size_t i) { return std::string(kVersions[i].substr(0, kVersions[i].size() - 1)); };
+    const auto name = [](std::size_t i) {
+        return std::string(kVersions[i].substr(0, kVersions[i].size() - 1));
+    };
     for (std::size_t i = 0; i < kVersions.size(); ++i) {
         if ((gate.versions >> i & 1u) == 0) continue;
         std::size_t last = i;

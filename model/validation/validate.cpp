@@ -10,7 +10,8 @@ namespace calyx::modValidate {
 namespace {
 
 constexpr std::string_view kReserved =
-    "|and|array|begin|builtin|constant|database|datetime|else|elsif|end|exit|for|function|handler|if|integer|is|"
+    "|and|array|begin|builtin|constant|database|datetime|else|elsif|end|exit|for|function|handler|if|integer|"
+    "is|"
     "loop|mod|not|of|or|program|real|record|return|step|string|then|to|type|var|while|";
 
 // Lower case as 8-bit ANSI text has it: the accented capitals too.
@@ -49,8 +50,8 @@ bool EmailIsInvalid(std::string_view address) {
     if (at == std::string_view::npos || lastDot == std::string_view::npos || address.size() < 6) return true;
     // A name before the one "@", and a domain with an inner dot behind it.
     if (at == 0 || address.find('@', at + 1) != std::string_view::npos) return true;
-    if (address.front() == '.' || lastDot < at + 2 || lastDot + 1 == address.size() || address[at + 1] == '.' ||
-        address[at - 1] == '.') {
+    if (address.front() == '.' || lastDot < at + 2 || lastDot + 1 == address.size() ||
+        address[at + 1] == '.' || address[at - 1] == '.') {
         return true;
     }
     if (address.find('"') != std::string_view::npos) return true;
@@ -63,9 +64,10 @@ bool IsValidIP(std::string_view address) {
     if (address.size() < 7 || address.ends_with('.')) return false;
     const auto parts = Split(address, '.');
     return parts.size() == 4 && std::all_of(parts.begin(), parts.end(), [](std::string_view part) {
-        const bool digits = !part.empty() && part.size() <= 3 && part.find_first_not_of("0123456789") == part.npos;
-        return digits && ReadInteger(part)->value <= 255;
-    });
+               const bool digits =
+                   !part.empty() && part.size() <= 3 && part.find_first_not_of("0123456789") == part.npos;
+               return digits && ReadInteger(part)->value <= 255;
+           });
 }
 
 }  // namespace calyx::modValidate

@@ -1,0 +1,218 @@
+// The file: envelope, checks, lenient reading, saving.
+
+#include <gtest/gtest.h>
+
+#include "model/document/checksum.h"
+#include "model/document/indicator.h"
+#include "tests/support/model_fixture.h"
+
+namespace calyx::test {
+namespace {
+
+class File : public testing::Test {
+  protected:
+    TestContext context{CALYX_DATA_DIR};
+    CIndicator document{context};
+
+    std::string Saved(const std::vector<KeyValue>& lines = {}) {
+        CIndicator fresh(context);
+        fresh.Initialize();
+        EXPECT_TRUE(fresh.Import(lines).refused.empty());
+        return fresh.FileText();
+    }
+    // A file around a body whose checksum is right.
+    static std::string Around(const std::string& body, const std::string& revision = "3.10.0") {
+        return "@REVISION=" + revision + "\r\n@CRC=" + std::to_string(Checksum(body)) +
+               "\r\n@CODFile=\r\n\r\n[BEGIN]\r\n" + body + "[END]";
+    }
+    // The code of the error that opening ends with; 0: opened.
+    int Open(const std::string& text, bool skipChecks = false) {
+        context.memory.files["file.mrn"] = text;
+        try {
+            document.Load("file.mrn", skipChecks);
+            return 0;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Source(), "Calyx.CIndicator.Load");
+            EXPECT_EQ(error.Number(), 0x80040000u + static_cast<unsigned>(error.Code()));
+            EXPECT_FALSE(error.Description().starts_with('#'));
+            return error.Code();
+        }
+    }
+};
+
+TEST_F(File, ChecksumIsTheKnownOneForEveryAlignment) {
+    EXPECT_EQ(Checksum("123456789"), static_cast<std::int32_t>(0xCBF43926u));
+    EXPECT_EQ(Checksum(""), 0);
+    const std::string text = "The quick brown fox jumps over the lazy dog";
+    EXPECT_EQ(Checksum(text), 0x414FA339);
+    const std::string shifted = "xyz" + text;
+    EXPECT_EQ(Checksum(std::string_view(shifted).substr(3)), 0x414FA339);
+}
+
+TEST_F(File, EnvelopeIsExact) {
+    document.Initialize();
+    document.SetCODFilename("gate.cod");
+    document.Save("out.mrn", false);
+    const std::string body = document.Body();
+    EXPECT_TRUE(body.starts_with("VERSION=3.10.00\r\nBATCHNG="));
+    EXPECT_EQ(context.memory.files["out.mrn"], "@REVISION=3.10.0\r\n@CRC=" + std::to_string(Checksum(body)) +
+                                                   "\r\n@CODFile=gate.cod\r\n\r\n[BEGIN]\r\n" + body +
+                                                   "[END]");
+}
+
+TEST_F(File, ChecksInTheirOrder) {
+    struct Row {
+        const char* what;
+        std::string text;
+        int code;
+    };
+    const std::string good = Saved({{"UID", "GATE"}});
+    std::string edited = good;
+    edited.replace(edited.find("GATE"), 4, "GATF");
+    std::string noCrc = good;
+    noCrc.replace(noCrc.find("@CRC="), noCrc.find("@CODFile") - noCrc.find("@CRC="), "@CRC=\r\n");
+    const Row rows[] = {
+        {"as saved", good, 0},
+        {"edited body", edited, 10005},
+        {"empty checksum is none", noCrc, 10012},
+        {"by hand, no version", "UID=GATE\r\n", 10012},
+        {"by hand, good version", "version=V3.10.02\nUID=GATE\n", 10012},
+        {"by hand, wrong version", "VERSION=V3.09.02\r\n", 15001},
+        {"empty file", "", 10012},
+        {"another program's file", std::string("PK\3\4\0\0=\0\xFF", 9), 10012},
+        {"other revision", Around("VERSION=3.10.00\r\n", "3.09.7"), 15000},
+        {"older revision text without a dot", Around("VERSION=3.10.00\r\n", "3"), 15000},
+        {"blank revision passes", Around("VERSION=3.10.00\r\n", " "), 0},
+        {"other indicator", Around("VERSION=V3.09.02\r\n"), 15001},
+        {"revision before indicator", Around("VERSION=V3.09.02\r\n", "2.00.1"), 15000},
+        {"indicator with V", Around("VERSION=V3.10.02\r\n"), 0},
+        {"indicator without V", Around("VERSION=3.10.02\r\n"), 0},
+        {"prefix in other case", Around("VERSION=v3.10.02\r\n"), 15001},
+        {"no begin mark: measured from the start", "@CRC=" + std::to_string(Checksum("345678")) + "\r\n",
+         10005},
+        {"end before begin has checksum 0", "@CRC=0\r\n[END]\r\n[BEGIN]\r\n", 0},
+        {"checksum is no number", "@CRC=abc\r\n[BEGIN]\r\n[END]", 10005},
+    };
+    for (const Row& row : rows) EXPECT_EQ(Open(row.text), row.code) << row.what;
+    EXPECT_EQ(Open(edited, true), 0);
+    EXPECT_EQ(document.Value("UID"), "GATF");
+}
+
+TEST_F(File, ARejectedFileLeavesTheDocumentButTellsItsVersions) {
+    ASSERT_EQ(Open(Saved({{"UID", "KEPT"}})), 0);
+    EXPECT_EQ(Open("@REVISION=3.09.1\r\nVERSION=V2.00.01\r\n"), 15001);
+    EXPECT_EQ(document.Value("UID"), "KEPT");
+    EXPECT_EQ(document.Filename(), "file.mrn");
+    EXPECT_FALSE(document.IsNew());
+    EXPECT_EQ(document.FileVersion(), "3.09.1");
+    EXPECT_EQ(document.IndicatorVersion(), "V2.00.01");
+}
+
+TEST_F(File, MissingFileAndFolder) {
+    const auto code = [&](const char* path) {
+        try {
+            document.Load(path, true);
+        } catch (const Error& error) {
+            return error.Code();
+        }
+        return 0;
+    };
+    EXPECT_EQ(code("nowhere.mrn"), 10004);
+    EXPECT_EQ(code("folder/"), 20003);
+    EXPECT_FALSE(document.IsInitialised());
+}
+
+TEST_F(File, LinesAreReadAsTheyStand) {
+    EXPECT_EQ(
+        Open("CONTACT.COMPANY=  a=b \xE9 \r\nuid= \tX\ntruck=MODE1\rDATESEP=DASH\r\n=nothing\r\nUID=2\r\n",
+             true),
+        0);
+    EXPECT_EQ(document.Value("CONTACT.COMPANY"), "  a=b \xE9 ");
+    EXPECT_EQ(document.Value("UID"), "\tX");
+    EXPECT_EQ(document.Value("TRUCK"), "MODE1");
+    EXPECT_EQ(document.Value("DATESEP"), "DASH");
+    const std::string text = document.GetPrintOutput();
+    EXPECT_NE(document.Body().find("CONTACT.COMPANY=  a=b \xE9 \r\n"), std::string::npos);
+}
+
+TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
+    context.memory.files["f"] =
+        "; a "
+        "comment\r\n[BEGIN]\r\nUID=A\r\nUID=B\r\nTRUCK=MODE99\r\nDSPRATE=12abc\r\nCONSNUM=many\r\nNEXTCAL="
+        "13452020\r\n"
+        "ALERT.SERV=1234567890123456\r\nFOO.BAR=1\r\n[END]";
+    const ReadReport report = document.Load("f", true);
+    using Kind = ReadNote::Kind;
+    const std::vector<std::tuple<Kind, unsigned, std::string, std::string>> expected{
+        {Kind::ListValue, 5, "TRUCK", "OFF"},
+        {Kind::PartlyRead, 6, "DSPRATE", "12"},
+        {Kind::NotUnderstood, 7, "CONSNUM", "0"},
+        {Kind::NotUnderstood, 8, "NEXTCAL", ""},
+        {Kind::Cut, 9, "ALERT.SERV", "123456789012345"},
+        {Kind::TextLine, 1, "", ""},
+        {Kind::DuplicateKey, 4, "UID", "A"},
+        {Kind::UnknownKey, 10, "FOO.BAR", ""},
+    };
+    ASSERT_EQ(report.Count(), expected.size());
+    for (const auto& [kind, line, key, became] : expected) {
+        EXPECT_TRUE(std::any_of(report.Notes().begin(), report.Notes().end(), [&](const ReadNote& note) {
+            return note.kind == kind && note.line == line && note.key == key && note.became == became;
+        })) << line;
+    }
+    EXPECT_EQ(report.Notes().front().section, "general");
+}
+
+TEST_F(File, SamplesOpenSaveAndStayByteEqual) {
+    for (const char* name : {"truck-scale", "batching-plant", "checkweigher-line", "silo"}) {
+        const std::string text = ReadFile(std::string(CALYX_DATA_DIR) + "/samples/" + name + ".mrn");
+        ASSERT_EQ(Open(text, true), 0) << name;
+        // No line is lost: every line of the sample that has a key stands in the document.
+        const auto lines = document.Lines();
+        for (const KeyValue& line : ReadLines(text)) {
+            EXPECT_NE(std::find(lines.begin(), lines.end(), line), lines.end()) << name << ": " << line.key;
+        }
+        document.Save("copy.mrn", false);
+        EXPECT_FALSE(document.IsDirty());
+        CIndicator again(context);
+        EXPECT_TRUE(again.Load("copy.mrn", false).Empty()) << name;
+        EXPECT_EQ(again.FileText(), context.memory.files["copy.mrn"]) << name;
+    }
+}
+
+TEST_F(File, SavingFailsWholeAndACopyKeepsTheName) {
+    EXPECT_THROW(document.Save("x", false), Error);  // no document yet
+    document.Initialize();
+    EXPECT_TRUE(document.IsNew());
+    EXPECT_EQ(document.Filename(), "[New File]");
+    ASSERT_TRUE(document.Import({{"UID", "7"}}).refused.empty());
+    document.Save("copy.mrn", true);
+    EXPECT_TRUE(document.IsNew());
+    EXPECT_TRUE(document.IsDirty());
+
+    context.memory.full = true;
+    try {
+        document.Save("disk.mrn", false);
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Code(), 20002);
+        EXPECT_EQ(error.Chain(), std::vector<std::string>{"Calyx.CIndicator.Save"});
+        EXPECT_NE(error.Description().find("disk.mrn"), std::string::npos);
+    }
+    EXPECT_TRUE(document.IsNew());
+    EXPECT_TRUE(document.IsDirty());
+    EXPECT_EQ(document.Filename(), "[New File]");
+}
+
+TEST_F(File, HugeAndOddInputIsReadOrRefusedNeverLost) {
+    EXPECT_EQ(Open("CONTACT.COMPANY=" + std::string(1 << 20, 'x') + "\r\n", true), 0);
+    EXPECT_EQ(document.Value("CONTACT.COMPANY")->size(), std::size_t{1} << 20);
+    EXPECT_EQ(Open(std::string("CONTACT.ADDR1=a\0b\r\n", 19), true), 0);
+    EXPECT_EQ(document.Value("CONTACT.ADDR1"), std::string("a\0b", 3));
+    std::string many;
+    for (int i = 0; i < 50000; ++i) many += "SP.KIND#" + std::to_string(i) + "=OFF\n";
+    EXPECT_EQ(Open(many, true), 0);
+    EXPECT_EQ(document.Setpoints().Lines().size(), 50000u);
+}
+
+}  // namespace
+}  // namespace calyx::test

@@ -1,0 +1,147 @@
+// The document as a whole: edits, undo, import file, validation.
+
+#include <gtest/gtest.h>
+
+#include "model/document/history.h"
+#include "model/document/indicator.h"
+#include "tests/support/model_fixture.h"
+
+namespace calyx::test {
+namespace {
+
+class Document : public testing::Test {
+  protected:
+    TestContext context{CALYX_DATA_DIR};
+    CIndicator document{context};
+    void SetUp() override { document.Initialize(); }
+};
+
+TEST_F(Document, LinesTakenTogetherDecideTogether) {
+    // Two words of one lock: the second alone cannot win over the first, both together can.
+    ASSERT_TRUE(document.Import({{"ZERONLY", "ON"}}).refused.empty());
+    EXPECT_EQ(document.General().Values().keyboardLock, 3);
+    EXPECT_EQ(document.Import({{"KYBDLK", "ON"}}).refused.size(), 1u);
+    EXPECT_EQ(document.General().Values().keyboardLock, 3);
+    const auto both = document.Import({{"KYBDLK", "ON"}, {"ZERONLY", "OFF"}});
+    EXPECT_TRUE(both.refused.empty());
+    EXPECT_EQ(both.changes.Count(), 2u);
+    EXPECT_EQ(document.General().Values().keyboardLock, 2);
+    // The choice of the editor page sets both lines.
+    ASSERT_TRUE(document.Import({{"KEYBOARDLOCK", "3"}}).refused.empty());
+    EXPECT_EQ(document.Value("KYBDLK"), "OFF");
+    EXPECT_EQ(document.Value("ZERONLY"), "ON");
+}
+
+TEST_F(Document, ImportNamesWhatItRefusesAndTakesTheRest) {
+    const auto taken = document.Import({{"uid", "A1"},
+                                        {"TRUCK", "truck"},
+                                        {"SC.GRADS#1", "5000"},
+                                        {"NO.KEY", "1"},
+                                        {"LASTCAL", "01012026"}});
+    ASSERT_EQ(taken.changes.Count(), 2u);
+    EXPECT_EQ(taken.changes.Changes()[0], (Change{"UID", "1", "A1"}));
+    EXPECT_EQ(taken.changes.Changes()[1], (Change{"SC.GRADS#1", std::nullopt, "5000"}));
+    ASSERT_EQ(taken.refused.size(), 3u);
+    for (const Refusal& refusal : taken.refused)
+        EXPECT_NE(refusal.reason.find(refusal.key == "NO.KEY" ? "NO.KEY" : " "), std::string::npos);
+}
+
+TEST_F(Document, AValueLongerThanItsFieldIsCutAndSaidSo) {
+    const auto taken = document.Import({{"UID", "ABCDEFGHIJ"}});
+    EXPECT_EQ(document.Value("UID"), "ABCDEFGH");
+    EXPECT_EQ(taken.refused.size(), 1u);
+}
+
+TEST_F(Document, UndoRestoresWhatTheFileDoesNotHold) {
+    History history;
+    const auto edit = [&](std::vector<KeyValue> lines, std::string join = {}) {
+        history.Record("step", document.Import(lines).changes, std::move(join));
+    };
+    const std::string begin = document.Body();
+    edit({{"GRAVADJ", "ON"}});
+    edit({{"LAT.LOC", "5"}}, "LAT.LOC");
+    edit({{"LAT.LOC", "52"}}, "LAT.LOC");  // typed on: one step
+    edit({{"GRAVADJ", "OFF"}});            // hides the latitude, does not forget it
+    edit({{"PROMPT#1", "Truck?"}});
+    const std::string end = document.Body();
+    EXPECT_EQ(document.Value("LAT.LOC"), "52");
+
+    int steps = 0;
+    while (history.Undo(document) != nullptr) ++steps;
+    EXPECT_EQ(steps, 4);
+    EXPECT_EQ(document.Body(), begin);
+    EXPECT_FALSE(document.IsDirty());
+    while (history.Redo(document) != nullptr) {
+    }
+    EXPECT_EQ(document.Body(), end);
+    EXPECT_EQ(document.Value("LAT.LOC"), "52");
+
+    // A new edit ends the steps that could be redone; typing back to the start leaves no step.
+    history.Undo(document);
+    edit({{"UID", "2"}}, "UID");
+    EXPECT_EQ(history.NextRedo(), nullptr);
+    edit({{"UID", "1"}}, "UID");
+    EXPECT_NE(history.NextUndo()->joinKey, "UID");
+}
+
+TEST_F(Document, CopiesAreIndependent) {
+    CIndicator copy = document;
+    ASSERT_TRUE(copy.Import({{"UID", "COPY"}, {"SC.ALIAS#1", "x"}}).refused.empty());
+    EXPECT_EQ(document.Value("UID"), "1");
+    EXPECT_FALSE(document.IsDirty());
+    EXPECT_TRUE(copy.IsDirty());
+}
+
+TEST_F(Document, BrokenRulesNameTheField) {
+    document.LoadText("ALERT.SERV=10.20.0.256\r\nCONTACT.EMAIL=no address\r\nDSPRATE=7\r\nLAT.LOC=95\r\n",
+                      "f");
+    const auto rules = document.Validate();
+    ASSERT_EQ(rules.size(), 3u);  // the latitude is not in use
+    for (const BrokenRule& rule : rules) {
+        EXPECT_EQ(rule.section, "general");
+        EXPECT_NE(document.OwnerOf(rule.key), nullptr);
+        EXPECT_FALSE(rule.text.starts_with('#'));
+    }
+}
+
+TEST_F(Document, KeyLocksAreWrittenOnceTheyHaveContent) {
+    EXPECT_EQ(document.Body().find("KLOCK."), std::string::npos);
+    EXPECT_TRUE(document.General().BuildKeyLockCommands().starts_with(
+        "KLOCK.KZERO=False\r\nKLOCK.KGROSSNET=False\r\n"));
+    ASSERT_TRUE(document.Import({{"KLOCK.K9", "True"}}).refused.empty());
+    EXPECT_NE(document.Body().find("ALERT.PHONE=\r\nKLOCK.KZERO=False\r\n"), std::string::npos);
+    EXPECT_NE(document.Body().find("KLOCK.K8=False\r\nKLOCK.K9=True\r\n"), std::string::npos);
+    // Read from a file they stay, though nothing is locked.
+    document.LoadText("KLOCK.KTARE=False\r\nSOFTKEY#1=PRINT\r\n", "f");
+    EXPECT_NE(document.Body().find("KLOCK.K9=False\r\nSOFTKEY#1=PRINT\r\n"), std::string::npos);
+}
+
+TEST_F(Document, ImportFileNamesTheItems) {
+    document.LoadText(
+        "EDP.ALIAS#2=Keybd\r\nSC.ALIAS#10=Ten\r\nSC.ALIAS#2=Two\r\nSC.ALIAS#3=\r\nSP.ALIAS#1=Green\r\n",
+        "a.mrn");
+    document.GenerateImportFile("a.inc");
+    const std::string rule(49, '-');
+    EXPECT_EQ(context.memory.files["a.inc"],
+              rule + "\r\n-- Used with Calyx Configuration File\r\n-- a.mrn\r\n" + rule +
+                  "\r\n-- Scale Aliases\r\nTwo : constant integer := 2;\r\nTen : constant integer := 10;\r\n"
+                  "-- Setpoint Aliases\r\nGreen : constant integer := 1;\r\n"
+                  "-- Serial Port Aliases\r\nKeybd    : constant integer := 2;\r\n-- Analog Output Card "
+                  "Aliases\r\n");
+}
+
+TEST_F(Document, ChangeSetsJoinAndKeepTheOrderOfLines) {
+    const std::vector<KeyValue> before{{"A", "1"}, {"B", "2"}, {"C", "3"}};
+    const std::vector<KeyValue> after{{"a", "1"}, {"N", "9"}, {"C", "4"}, {"Z", "0"}};
+    const ChangeSet changes = Difference(before, after);
+    ChangeSet expected;
+    expected.Add({"B", "2", std::nullopt});
+    expected.Add({"N", std::nullopt, "9"});
+    expected.Add({"C", "3", "4"});
+    expected.Add({"Z", std::nullopt, "0"});
+    EXPECT_EQ(changes, expected);
+    EXPECT_TRUE(changes.Then(changes.Inverse()).Empty());
+}
+
+}  // namespace
+}  // namespace calyx::test

@@ -1,0 +1,183 @@
+// The promises that every section keeps.
+
+#include "tests/support/section_suite.h"
+
+#include "model/document/indicator.h"
+
+namespace calyx::test {
+namespace {
+
+template <class S>
+SectionCase Case(const char* name) {
+    return {name, [](const ModelContext& context) -> std::unique_ptr<Section> {
+                return std::make_unique<S>(context);
+            }};
+}
+
+class EverySection : public testing::TestWithParam<SectionCase> {
+  protected:
+    TestContext context{CALYX_DATA_DIR};
+
+    std::unique_ptr<Section> Fresh() const {
+        auto section = GetParam().make(context);
+        section->Initialize();
+        return section;
+    }
+};
+
+// Runs `check` for every row that can be written and read.
+template <class Check>
+void ForEveryLine(Section& section, Check&& check) {
+    for (Item* item : section.Items()) {
+        for (std::size_t row = 0; row < item->RowCount(); ++row) {
+            if (item->Info(row).more.use == Use::Line) check(*item, row);
+        }
+    }
+}
+
+TEST_P(EverySection, InitialTextsParseAndStandInTheirLists) {
+    const auto section = Fresh();
+    std::set<std::string> keys;
+    ForEveryLine(*section, [&](Item& item, std::size_t row) {
+        EXPECT_TRUE(keys.insert(item.Key(row)).second) << item.Key(row) << " twice";
+        EXPECT_EQ(item.Text(row), item.InitialText(row)) << item.Key(row);
+        EXPECT_EQ(item.Info(row).HasList(), item.List(row) != nullptr)
+            << item.Key(row) << ": its list is not in the catalogue";
+        if (item.List(row) != nullptr) {
+            EXPECT_TRUE(item.List(row)->ValidateItem(item.Text(row))) << item.Key(row);
+        }
+        if (item.Info(row).more.label != 0) {
+            EXPECT_TRUE(context.texts.Has(item.Info(row).more.label)) << item.Key(row);
+            EXPECT_TRUE(context.texts.Has(item.Info(row).more.help)) << item.Key(row);
+        }
+    });
+    EXPECT_EQ(section->BrokenRules().Count(), 0u);
+    EXPECT_FALSE(section->IsDirty());
+}
+
+TEST_P(EverySection, EveryParameterIsSetWrittenAndReadBackEqual) {
+    const auto section = Fresh();
+    std::vector<std::pair<std::string, std::string>> wanted;
+    ForEveryLine(*section, [&](Item& item, std::size_t row) {
+        wanted.emplace_back(item.Key(row), OtherText(item, row));
+    });
+    for (const auto& [key, text] : wanted) {
+        const auto edited = Fresh();
+        ASSERT_FALSE(text.empty()) << key;
+        EXPECT_TRUE(edited->Take({{key, std::nullopt, text}}, Section::Check::Strict).empty()) << key;
+        EXPECT_TRUE(edited->IsDirty()) << key;
+
+        const auto read = Fresh();
+        Dictionary lines = Dictionary::FromEntries({{key, text}});
+        ReadReport report;
+        read->RestoreState(lines, report);
+        EXPECT_TRUE(report.Empty()) << key;
+        EXPECT_FALSE(read->IsDirty()) << key;
+        EXPECT_EQ(read->State(), edited->State()) << key;
+
+        // All lines of it, through a file: nothing that is written is lost.
+        Dictionary file = AsFile(*edited);
+        const auto again = Fresh();
+        again->RestoreState(file, report);
+        EXPECT_EQ(again->StoreState(), edited->StoreState()) << key;
+    }
+}
+
+TEST_P(EverySection, ValuesOutsideListAndRangeAreReportedOnReadingAndRefusedOnSetting) {
+    const auto section = Fresh();
+    ForEveryLine(*section, [&](Item& item, std::size_t row) {
+        const RowInfo& info = item.Info(row);
+        if (item.List(row) == nullptr && info.kind == ValueKind::Text) return;
+        const auto read = Fresh();
+        Dictionary lines = Dictionary::FromEntries({{item.Key(row), "?"}});
+        ReadReport report;
+        read->RestoreState(lines, report);
+        EXPECT_EQ(report.Count(), 1u) << item.Key(row);
+        EXPECT_EQ(read->State(), Fresh()->State()) << item.Key(row);
+
+        std::vector<std::string> bad{"?"};
+        if (info.more.HasRange()) {
+            bad.push_back(std::to_string(static_cast<long long>(info.more.max) + 1));
+            bad.push_back(std::to_string(static_cast<long long>(info.more.min) - 1));
+        }
+        for (const std::string& text : bad) {
+            const auto set = Fresh();
+            EXPECT_EQ(set->Take({{item.Key(row), std::nullopt, text}}, Section::Check::Strict).size(), 1u)
+                << item.Key(row) << "=" << text;
+            EXPECT_FALSE(set->IsDirty()) << item.Key(row) << "=" << text;
+        }
+    });
+}
+
+TEST_P(EverySection, AnAbsentLineLeavesTheDefaultAndKeysAreReadInAnyCase) {
+    const auto section = Fresh();
+    ReadReport report;
+    Dictionary none("");
+    section->RestoreState(none, report);
+    EXPECT_EQ(section->StoreState(), Fresh()->StoreState());
+    EXPECT_TRUE(report.Empty());
+
+    ForEveryLine(*section, [&](Item& item, std::size_t row) {
+        std::string key = item.Key(row);
+        for (char& c : key) c = static_cast<char>(std::tolower(static_cast<unsigned char>(c)));
+        const auto read = Fresh();
+        Dictionary lines = Dictionary::FromEntries({{key, OtherText(item, row)}});
+        read->RestoreState(lines, report);
+        EXPECT_NE(read->State(), Fresh()->State()) << key;
+    });
+}
+
+TEST_P(EverySection, AChangeSetGoesForwardsAndBack) {
+    const auto section = Fresh();
+    const auto before = section->State();
+    ForEveryLine(*section, [&](Item& item, std::size_t row) {
+        const auto edited = Fresh();
+        edited->Take({{item.Key(row), std::nullopt, OtherText(item, row)}}, Section::Check::Strict);
+        const auto after = edited->State();
+        const ChangeSet changes = Difference(before, after);
+        edited->Take(changes.Inverse().Changes(), Section::Check::None);
+        EXPECT_EQ(edited->State(), before) << item.Key(row);
+        EXPECT_FALSE(edited->IsDirty()) << item.Key(row);
+        edited->Take(changes.Changes(), Section::Check::None);
+        EXPECT_EQ(edited->State(), after) << item.Key(row);
+    });
+}
+
+INSTANTIATE_TEST_SUITE_P(Sections, EverySection, testing::Values(Case<CGeneral>("general")),
+                         [](const auto& test) { return test.param.name; });
+
+// Sections without rows of their own yet keep what they own, byte for byte and in order.
+struct Kept {
+    const char* name;
+    std::string lines;
+};
+class KeptSections : public testing::TestWithParam<Kept> {};
+
+TEST_P(KeptSections, LinesComeBackUnchangedAndOthersAreNotTaken) {
+    const TestContext context{CALYX_DATA_DIR};
+    CIndicator document(context);
+    document.Initialize();
+    Section* section = document.FindSection(GetParam().name);
+    ASSERT_NE(section, nullptr);
+    Dictionary lines("NOT.MINE=1\r\n" + GetParam().lines + "UID=9\r\n");
+    ReadReport report;
+    section->RestoreState(lines, report);
+    EXPECT_EQ(section->StoreState(), GetParam().lines);
+    EXPECT_FALSE(section->IsDirty());
+    EXPECT_FALSE(lines.Peek("NOT.MINE")->asked);
+    EXPECT_FALSE(lines.Peek("UID")->asked);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Sections, KeptSections,
+    testing::Values(
+        Kept{"prompts", "PROMPT#1= Truck number? \r\n"},
+        Kept{"hardware", "HARDWARE=1,0\r\nEDP.ALIAS#1=A\r\nSTR.OK#1= \r\nDIO.1#0=PRINT\r\nALG.MIN#5=0\r\n"},
+        Kept{"scales", "SC.SRC#3=T,1,2\r\nsc.grads#1=5\r\nSC.SEC.MULT#1=.453592\r\n"},
+        Kept{"tickets", "TR.FMT=a=b \xE4\r\nAUXFMT.FMT=x\r\nHDRFMT1=y\r\nALERT.FMT=z\r\nAUD.PORT=PORT3\r\n"},
+        Kept{"widgets", "WDGT#2=1,2,1,1\r\nWDGT#1=4,8\r\n"}, Kept{"setpoints", "SP.KIND#100=OFF\r\n"},
+        Kept{"junctionboxes", "SJ.LC.ID.1#3=Leg N1\r\n"}, Kept{"fieldbuscards", "FB.SIZE#1=64\r\n"}),
+    [](const auto& test) { return std::string(test.param.name); });
+
+}  // namespace
+}  // namespace calyx::test

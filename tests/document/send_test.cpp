@@ -1,0 +1,64 @@
+// What goes to an indicator, step by step.
+
+#include <gtest/gtest.h>
+
+#include "model/document/send_steps.h"
+#include "tests/support/model_fixture.h"
+
+namespace calyx::test {
+namespace {
+
+constexpr Target kNewest{};
+
+TEST(SendSteps, EveryLineOfASampleGoesOnceOrIsWithheldForAReason) {
+    const TestContext context{CALYX_DATA_DIR};
+    CIndicator document(context);
+    document.LoadText(ReadFile(std::string(CALYX_DATA_DIR) + "/samples/silo.mrn"), "silo");
+    std::string sent;
+    for (int step = 0; step <= static_cast<int>(SendStep::Database); ++step) {
+        sent += LinesOf(document, static_cast<SendStep>(step), kNewest);
+    }
+    const auto lines = ReadLines(sent);
+    for (const KeyValue& line : document.Lines()) {
+        // VERSION and HARDWARE are the indicator's own, IMAGE is not known to 3.10.
+        const bool stays = line.key == "VERSION" || line.key == "HARDWARE" || line.key == "IMAGE";
+        EXPECT_EQ(std::count(lines.begin(), lines.end(), line), stays ? 0 : 1) << line.key;
+    }
+}
+
+TEST(SendSteps, CalibrationIsApart) {
+    const TestContext context{CALYX_DATA_DIR};
+    CIndicator document(context);
+    document.LoadText("SC.GRADS#1=5000\r\nSC.WVAL#1=10\r\nSC.WLIN.F1#1=3\r\nSC.NUMWEIGH#1=7\r\n", "f");
+    EXPECT_EQ(LinesOf(document, SendStep::Scales, kNewest), "SC.GRADS#1=5000\r\n");
+    EXPECT_EQ(LinesOf(document, SendStep::Calibration, kNewest), "SC.WVAL#1=10\r\nSC.WLIN.F1#1=3\r\n");
+}
+
+TEST(SendSteps, JunctionBoxesOnlyWithAPortForThem) {
+    const TestContext context{CALYX_DATA_DIR};
+    CIndicator document(context);
+    document.LoadText("SJ.CONFIG#3=8/0/0/0\r\nEDP.INPUT#3=CMD\r\n", "f");
+    EXPECT_EQ(LinesOf(document, SendStep::Vexals, kNewest), "");
+    document.LoadText("SJ.CONFIG#3=8/0/0/0\r\nedp.input#12= vexal\r\nEDP.INPUT#3=VEXAL\r\n", "f");
+    EXPECT_EQ(LinesOf(document, SendStep::Vexals, kNewest), "SJ.CONFIG#3=8/0/0/0\r\n");
+    EXPECT_EQ(VexalPorts(document), (std::vector<int>{3, 12}));
+}
+
+TEST(SendSteps, OlderFirmwareGetsOneHundredAndTwentyEightWidgets) {
+    const TestContext context{CALYX_DATA_DIR};
+    CIndicator document(context);
+    std::string body;
+    for (int i = 1; i <= 130; ++i) body += "WDGT#" + std::to_string(i) + "=1,2,1,1\r\n";
+    document.LoadText(body, "f");
+    const auto count = [&](const Target& target) {
+        const std::string text = LinesOf(document, SendStep::Widgets, target);
+        EXPECT_TRUE(text.starts_with("WDGT.CLR\r\nWDGT#1="));
+        return ReadLines(text).size();
+    };
+    EXPECT_EQ(count({.version = VersionBit("3.00.")}), 128u);
+    EXPECT_EQ(count({.version = VersionBit("3.05.")}), 130u);
+    EXPECT_EQ(count({.version = VersionBit("2.08."), .cb2 = true}), 130u);
+}
+
+}  // namespace
+}  // namespace calyx::test
