@@ -91,7 +91,6 @@ class Merge {
     }
 
     void Finish(Section::Check check, std::vector<Refusal>& refused) {
-        if (wanted_.empty()) return;
         const auto take = [this](bool page) {
             for (std::size_t i = 0; i < texts_.size(); ++i) {
                 if ((item_.Info(i).more.use == Use::Page) == page && (!page || Wanted(i)))
@@ -233,25 +232,23 @@ std::vector<KeyValue> Section::State() const {
 std::vector<Refusal> Section::Take(const std::vector<Change>& changes, Check check) {
     std::vector<Refusal> refused;
     for (Item* item : Items()) {
-        Merge merge(*context_, *item);
+        std::optional<Merge> merge;  // made for the items that are concerned
         for (const Change& change : changes) {
-            const auto row = item->Find(change.key);
-            if (!row && item->Adopts(change.key) && change.after) item->Adopt(change.key, *change.after);
-            if (!row) continue;
-            if (!change.after && item->Adopts(change.key)) {
-                item->Drop(change.key);
-            } else {
-                merge.Add(*row, change, check, refused);
+            if (item->Adopts(change.key)) {
+                change.after ? item->Adopt(change.key, *change.after) : item->Drop(change.key);
+            } else if (const auto row = item->Find(change.key)) {
+                if (!merge) merge.emplace(*context_, *item);
+                merge->Add(*row, change, check, refused);
             }
         }
-        merge.Finish(check, refused);
+        if (merge) merge->Finish(check, refused);
     }
     return refused;
 }
 
 bool Section::Owns(std::string_view key) const {
     for (const Item* item : Items()) {
-        if (item->Find(key) || item->Adopts(key)) return true;
+        if (item->Adopts(key) || item->Find(key)) return true;
     }
     return false;
 }

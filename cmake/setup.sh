@@ -1,0 +1,34 @@
+# Sourced by ./run and ./test: installs what is missing, on Debian 12, as root or with sudo.
+
+say() { printf '%s\n' "$*"; }
+
+# install_packages KIND...: the packages that packages.txt lists for these kinds.
+install_packages() {
+  local missing=() name kind wanted
+  command -v dpkg-query >/dev/null || { say "This is not a Debian system: install the packages of packages.txt by hand, then run again."; return 0; }
+  while read -r name kind _; do
+    case "$name" in ''|'#'*) continue;; esac
+    for wanted in "$@"; do
+      if [ "$kind" = "$wanted" ] && [ "$(dpkg-query -W -f '${db:Status-Abbrev}' "$name" 2>/dev/null)" != "ii " ]; then
+        missing+=("$name")
+      fi
+    done
+  done < packages.txt
+  [ ${#missing[@]} -eq 0 ] && return 0
+  say "Installing: ${missing[*]}"
+  local as_root=()
+  if [ "$(id -u)" != 0 ]; then
+    command -v sudo >/dev/null || { say "Installing needs root or sudo. As root run: apt-get install ${missing[*]}"; return 1; }
+    as_root=(sudo)
+  fi
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=500 update -q </dev/null >/dev/null || true
+  "${as_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=500 install -y -q \
+    --no-install-recommends "${missing[@]}" </dev/null >/dev/null
+}
+
+# build PRESET: configures and builds it.
+build() {
+  cmake --preset "$1" >"build-$1.log" 2>&1 || { cat "build-$1.log"; rm -f "build-$1.log"; return 1; }
+  rm -f "build-$1.log"
+  cmake --build --preset "$1"
+}
