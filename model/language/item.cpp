@@ -45,6 +45,7 @@ const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& 
 
 Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value,
                   const std::string& initial) {
+    if (list != nullptr && info.more.older != nullptr) value = info.more.older(value, *list);
     if (list == nullptr || list->ValidateItem(Trim(value))) return {value};
     switch (info.more.unknown) {
         case Unknown::First:

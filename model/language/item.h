@@ -127,6 +127,7 @@ class RowItem final : public Item {
         for (std::size_t i = 0; i < RowCount(); ++i) {
             if (Info(i).more.use != Use::Page) RestoreRow(i, lines, report);
         }
+        if (table_->settle != nullptr) table_->settle(fields);
         MarkSaved();
     }
 
@@ -154,7 +155,7 @@ class RowItem final : public Item {
     void RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
         const Row<F>& r = Info(i);
         const Dictionary::Entry* entry =
-            lines.Find(KeyOf(r.more.readStem.empty() ? r.stem : r.more.readStem));
+            lines.Find(r.more.readAs.empty() ? KeyOf(r.stem) : detail::Numbered(r.more.readAs, number_));
         if (entry == nullptr) {
             if (r.more.absent == Absent::Initial) Take(i, InitialText(i));
             if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));

@@ -48,7 +48,9 @@ struct More {
     Absent absent = Absent::Keep;
     Unknown unknown = Unknown::Default;
     Use use = Use::Line;
-    std::string_view readStem = {};                                  // looked up under this stem instead
+    std::string_view readAs = {};  // looked up under this key instead; "{n}": the number
+    // What a word of older firmware means today, before the list is asked; other words come back as they are.
+    std::string_view (*older)(std::string_view word, const CTextList& list) = nullptr;
     std::string (*initialOf)(int item, const CTextList*) = nullptr;  // where it depends on number or list
     int (*rule)(std::string_view value) = nullptr;  // number of the broken rule's text, 0: kept
 
@@ -202,6 +204,7 @@ struct RowTable {
     std::span<const Row<F>> rows;
     Layout<F> (*layout)(const F& fields);  // the kind may decide
     std::string_view prefix = {};          // of every key: "SC."
+    void (*settle)(F& fields) = nullptr;   // after reading: what the values decide together
 };
 
 }  // namespace calyx

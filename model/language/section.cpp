@@ -14,6 +14,7 @@ constexpr int kOutOfRangeText = 2902;     // {1} label, {2} value, {3} least, {4
 constexpr int kNotUnderstood = 2903;      // {1} label, {2} value, {3} what is expected
 constexpr int kTooLong = 2904;            // {1} label, {2} most characters, {3} what was kept
 constexpr int kDecidedElsewhere = 2905;   // {1} key, {2} value that stands
+constexpr int kNoSuchItem = 2908;         // {1} key
 constexpr int kReadOnlyParameter = 2907;  // {1} label
 constexpr int kKindWords = 2910;          // 2910 + kind: "text", "a whole number", ...
 
@@ -231,17 +232,27 @@ std::vector<KeyValue> Section::State() const {
 
 std::vector<Refusal> Section::Take(const std::vector<Change>& changes, Check check) {
     std::vector<Refusal> refused;
+    std::vector<bool> found(changes.size(), false);
     for (Item* item : Items()) {
         std::optional<Merge> merge;  // made for the items that are concerned
-        for (const Change& change : changes) {
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            const Change& change = changes[i];
+            if (found[i]) continue;
             if (item->Adopts(change.key)) {
                 change.after ? item->Adopt(change.key, *change.after) : item->Drop(change.key);
+                found[i] = true;
             } else if (const auto row = item->Find(change.key)) {
                 if (!merge) merge.emplace(*context_, *item);
                 merge->Add(*row, change, check, refused);
+                found[i] = true;
             }
         }
         if (merge) merge->Finish(check, refused);
+    }
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        if (found[i] || check != Check::Strict || !Owns(changes[i].key)) continue;
+        refused.push_back({changes[i].key, changes[i].after.value_or(""),
+                           context_->texts.Format(kNoSuchItem, {changes[i].key})});
     }
     return refused;
 }

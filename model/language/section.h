@@ -109,8 +109,9 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     // merged into the section's own first. Keys of other sections are passed over. `strict` refuses
     // what the list or range does not allow, which an undo must not.
     enum class Check { Strict, None };
-    std::vector<Refusal> Take(const std::vector<Change>& changes, Check check);
-    bool Owns(std::string_view key) const;
+    virtual std::vector<Refusal> Take(const std::vector<Change>& changes, Check check);
+    // Also keys of items that could be there and are not at present.
+    virtual bool Owns(std::string_view key) const;
 
   protected:
     const ModelContext& Context() const { return *context_; }

@@ -50,7 +50,7 @@ constexpr Row<F> kRows[] = {
     row<&F::echo, kUnlessOff>("ECHO", "ON"),
     row<&F::band, kBand>("BAND", "0D"),
     // Written with "#", looked up without.
-    row<&F::token, kFixed8>("TOKEN", "Z", {.readStem = "TOKEN.OLD"}),
+    row<&F::token, kFixed8>("TOKEN", "Z", {.readAs = "X.TOKEN{n}"}),
 };
 constexpr Lines lines{kRows};
 constexpr auto kPlain = Join(lines("KIND", "ALIAS"),
