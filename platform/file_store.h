@@ -1,0 +1,30 @@
+#pragma once
+
+#include "model/language/file_store.h"
+
+namespace calyx {
+
+// The files of this computer. Every failure is a std::system_error whose what() is the system's own
+// message; paths are UTF-8 (on systems where names are bytes, any bytes but NUL).
+//
+// Replace keeps the permissions of the file that it replaces, and a symbolic link stays a link: the
+// file it leads to is replaced. A file without permission to write is refused although the rename
+// would succeed. Hard links to the old file keep the old content; access lists beyond the plain
+// permissions are kept on Windows only. What is no regular file (a device, a pipe) holds nothing that
+// could be lost and is written straight.
+//
+// A program killed inside Replace may leave a file ".calyx-*.tmp" behind; it can be deleted.
+//
+// Read takes at most 256 MB, thousands of times the size of a configuration, and refuses more as too
+// large, so that an endless device does not fill the memory.
+class FileStore final : public IFileStore {
+  public:
+    Found Look(const std::string& path) const override;
+    std::string Read(const std::string& path) const override;
+    void Replace(const std::string& path, std::string_view bytes) override;
+    void Remove(const std::string& path) override;
+};
+
+inline constexpr std::size_t kLargestFile = std::size_t{256} << 20;  // bytes
+
+}  // namespace calyx

@@ -1,0 +1,13 @@
+#include "platform/settings_store.h"
+
+#include "platform/file_settings_store.h"
+#include "platform/win32/registry_settings_store.h"
+
+namespace calyx {
+
+std::unique_ptr<ISettingsStore> OpenSettings(const Folders& folders, IFileStore& files) {
+    if (folders.settingsFile.empty()) return std::make_unique<win32::RegistrySettingsStore>();
+    return std::make_unique<FileSettingsStore>(files, folders.settingsFile, folders.machineSettingsFile);
+}
+
+}  // namespace calyx

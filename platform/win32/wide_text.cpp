@@ -1,0 +1,51 @@
+#include "platform/win32/wide_text.h"
+
+#include <windows.h>
+
+#include <system_error>
+
+namespace calyx::win32 {
+
+namespace {
+
+std::optional<std::wstring> Converted(std::string_view text, DWORD flags) {
+    if (text.empty()) return std::wstring();
+    const int bytes = static_cast<int>(text.size());
+    const int size = MultiByteToWideChar(CP_UTF8, flags, text.data(), bytes, nullptr, 0);
+    if (size <= 0) return std::nullopt;
+    std::wstring wide(static_cast<std::size_t>(size), L'\0');
+    MultiByteToWideChar(CP_UTF8, flags, text.data(), bytes, wide.data(), size);
+    return wide;
+}
+
+}  // namespace
+
+std::wstring Wide(std::string_view text) {
+    return Converted(text, 0).value_or(std::wstring());
+}
+
+std::string Narrow(std::wstring_view text) {
+    if (text.empty()) return {};
+    const int units = static_cast<int>(text.size());
+    const int size = WideCharToMultiByte(CP_UTF8, 0, text.data(), units, nullptr, 0, nullptr, nullptr);
+    std::string narrow(static_cast<std::size_t>(size), '\0');
+    WideCharToMultiByte(CP_UTF8, 0, text.data(), units, narrow.data(), size, nullptr, nullptr);
+    return narrow;
+}
+
+std::optional<std::wstring> ExactWide(std::string_view text) {
+    if (text.find('\0') != std::string_view::npos) return std::nullopt;
+    return Converted(text, MB_ERR_INVALID_CHARS);
+}
+
+std::wstring WidePath(const std::string& path) {
+    auto wide = ExactWide(path);
+    if (!wide) Fail(ERROR_INVALID_NAME);
+    return *std::move(wide);
+}
+
+void Fail(unsigned long error) {
+    throw std::system_error(static_cast<int>(error), std::system_category());
+}
+
+}  // namespace calyx::win32

@@ -1,0 +1,66 @@
+#include <gtest/gtest.h>
+#include <windows.h>
+
+#include "platform/win32/registry_settings_store.h"
+#include "platform/win32/wide_text.h"
+#include "tests/platform/test_folder.h"
+
+namespace calyx::win32 {
+namespace {
+
+using Root = ISettingsStore::Root;
+
+class Registry : public ::testing::Test {
+  protected:
+    Registry() { RegDeleteTreeW(HKEY_CURRENT_USER, Wide(key_).c_str()); }
+    ~Registry() override { RegDeleteTreeW(HKEY_CURRENT_USER, Wide(key_).c_str()); }
+
+    const std::string key_ = "SOFTWARE\\Calyx test\\Settings";
+};
+
+TEST_F(Registry, AnyBytesComeBack) {
+    std::string all;
+    for (int c = 0; c < 256; ++c) all += static_cast<char>(c);
+    const std::string values[] = {"",
+                                  "True",
+                                  " C:\\a b ",
+                                  "gr\xC3\xBC\xC3\x9F",
+                                  "\xE4",
+                                  "one\r\ntwo",
+                                  all,
+                                  std::string("a\0b", 3),
+                                  std::string(5000, 'x')};
+    RegistrySettingsStore store;
+    for (const std::string& value : values) {
+        store.Set(Root::User, key_ + "\\Sub", "Some Value", value);
+        EXPECT_EQ(store.Get(Root::User, key_ + "\\SUB", "some value"), value) << "seen before it is saved";
+        EXPECT_TRUE(store.Save());
+        EXPECT_EQ(RegistrySettingsStore().Get(Root::User, key_ + "\\Sub", "Some Value"), value);
+    }
+    EXPECT_EQ(store.Get(Root::User, key_ + "\\Sub", "Other"), std::nullopt);
+    EXPECT_EQ(store.Get(Root::User, key_ + "\\None", "Some Value"), std::nullopt);
+    EXPECT_EQ(store.Get(Root::Machine, key_ + "\\Sub", "Some Value"), std::nullopt);
+}
+
+TEST(WindowsFiles, ReadOnlyIsRefusedAndHiddenStaysHidden) {
+    const TestFolder folder;
+    FileStore files;
+    const std::string file = folder.Put("a", "old");
+    const std::wstring wide = Wide(file);
+    SetFileAttributesW(wide.c_str(), FILE_ATTRIBUTE_READONLY);
+    EXPECT_EQ(FailureOf([&] { files.Replace(file, "new"); }), std::errc::permission_denied);
+    EXPECT_EQ(files.Read(file), "old");
+    SetFileAttributesW(wide.c_str(), FILE_ATTRIBUTE_HIDDEN);
+    files.Replace(file, "new");
+    EXPECT_EQ(files.Read(file), "new");
+    EXPECT_NE(GetFileAttributesW(wide.c_str()) & FILE_ATTRIBUTE_HIDDEN, 0u);
+    EXPECT_EQ(folder.Count(), 1);
+}
+
+TEST(WindowsFiles, CaseDoesNotTellPathsApart) {
+    EXPECT_TRUE(SamePath("C:\\Silo \xC3\x84.mrn", "c:\\SILO \xC3\xA4.MRN"));
+    EXPECT_FALSE(SamePath("C:\\a", "C:\\b"));
+}
+
+}  // namespace
+}  // namespace calyx::win32
