@@ -71,17 +71,17 @@ std::optional<std::string> DocumentSession::Check(const std::string& key, const 
 void DocumentSession::RevertParameter(const std::string& key) {
     const ChangeSet back =
         ChangesSinceSave().Inverse().Where([&](const Change& c) { return EqualNoCase(c.key, key); });
-    const ChangeSet effect = document_.Apply(back);
+    const ChangeSet effect = document_.Apply(back).changes;
     history_.Record(StepName(key, effect), effect);
     Announce(effect);
 }
 
 void DocumentSession::Undo() {
-    if (const History::Step* step = history_.Undo(document_)) Announce(step->changes.Inverse());
+    if (const History::Step* step = history_.Undo(document_)) AnnounceAndShow(step->changes.Inverse());
 }
 
 void DocumentSession::Redo() {
-    if (const History::Step* step = history_.Redo(document_)) Announce(step->changes);
+    if (const History::Step* step = history_.Redo(document_)) AnnounceAndShow(step->changes);
 }
 
 std::optional<std::string> DocumentSession::UndoName() const {
@@ -111,6 +111,11 @@ void DocumentSession::TakeBaseline() {
 void DocumentSession::Announce(const ChangeSet& changes) {
     if (changes.Empty()) return;
     emit Changed(changes);
+}
+
+void DocumentSession::AnnounceAndShow(const ChangeSet& changes) {
+    Announce(changes);
+    if (!changes.Empty()) emit GoTo(QString::fromLatin1(changes.Changes().front().key));
 }
 
 // "Unit ID: 1 to GATE-N": by the caption and the words that people see.

@@ -40,6 +40,7 @@ class DocumentSession : public QObject {
     void RevertParameter(const std::string& key);  // back to what was last saved
     void EndTyping() { history_.Seal(); }
 
+    // Each also asks, by GoTo, that the first parameter concerned is shown.
     void Undo();
     void Redo();
     std::optional<std::string> UndoName() const;
@@ -48,6 +49,7 @@ class DocumentSession : public QObject {
     // Against the last save or load, by the lines of the file.
     ChangeSet ChangesSinceSave() const;
     std::optional<std::string> SavedValue(const std::string& key) const;
+    const std::vector<KeyValue>& SavedLines() const { return savedLines_; }
 
   signals:
     void Replaced();                                // another document, or the same one anew
@@ -58,6 +60,7 @@ class DocumentSession : public QObject {
   private:
     void TakeBaseline();
     void Announce(const ChangeSet& changes);
+    void AnnounceAndShow(const ChangeSet& changes);
     std::string StepName(const std::string& key, const ChangeSet& changes) const;
 
     ModelContext& context_;

@@ -8,8 +8,10 @@ namespace calyx {
 
 namespace {
 
-// Table k holds the checksum of a byte that k further bytes follow, so that eight bytes go in one step.
-using Tables = std::array<std::array<std::uint32_t, 256>, 8>;
+// Table k holds the checksum of a byte that k further bytes follow, so that a step takes many bytes, whose
+// look-ups do not wait for one another.
+constexpr std::size_t kStep = 16;
+using Tables = std::array<std::array<std::uint32_t, 256>, kStep>;
 
 constexpr Tables MakeTables() {
     Tables tables{};
@@ -18,7 +20,7 @@ constexpr Tables MakeTables() {
         for (int bit = 0; bit < 8; ++bit) crc = crc & 1u ? (crc >> 1) ^ 0xEDB88320u : crc >> 1;
         tables[0][byte] = crc;
     }
-    for (std::size_t k = 1; k < 8; ++k) {
+    for (std::size_t k = 1; k < kStep; ++k) {
         for (std::size_t byte = 0; byte < 256; ++byte) {
             const std::uint32_t crc = tables[k - 1][byte];
             tables[k][byte] = (crc >> 8) ^ tables[0][crc & 0xFF];
@@ -36,13 +38,14 @@ std::int32_t Checksum(std::string_view body) {
     const char* at = body.data();
     std::size_t left = body.size();
     if constexpr (std::endian::native == std::endian::little) {
-        for (; left >= 8; at += 8, left -= 8) {
-            std::uint64_t chunk;
-            std::memcpy(&chunk, at, 8);
-            chunk ^= crc;
-            crc = kTables[7][chunk & 0xFF] ^ kTables[6][chunk >> 8 & 0xFF] ^ kTables[5][chunk >> 16 & 0xFF] ^
-                  kTables[4][chunk >> 24 & 0xFF] ^ kTables[3][chunk >> 32 & 0xFF] ^
-                  kTables[2][chunk >> 40 & 0xFF] ^ kTables[1][chunk >> 48 & 0xFF] ^ kTables[0][chunk >> 56];
+        for (; left >= kStep; at += kStep, left -= kStep) {
+            std::uint64_t first, second;
+            std::memcpy(&first, at, 8);
+            std::memcpy(&second, at + 8, 8);
+            first ^= crc;
+            crc = 0;
+            for (std::size_t k = 0; k < 8; ++k, first >>= 8, second >>= 8)
+                crc ^= kTables[kStep - 1 - k][first & 0xFF] ^ kTables[kStep / 2 - 1 - k][second & 0xFF];
         }
     }
     for (; left != 0; ++at, --left)

@@ -13,7 +13,9 @@ void History::Record(std::string name, ChangeSet changes, std::string joinKey) {
         Step& last = steps_.back();
         last.changes = last.changes.Then(changes);
         last.name = std::move(name);
-        if (last.changes.Empty()) steps_.pop_back();
+        // Back where it began: no step, and the one before it stays as it was.
+        sealed_ = last.changes.Empty();
+        if (sealed_) steps_.pop_back();
     }
     at_ = steps_.size();
 }

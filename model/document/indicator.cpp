@@ -1,12 +1,23 @@
 #include "model/document/indicator.h"
 
 #include <algorithm>
+#include <array>
+#include <iterator>
 
 #include "model/language/text.h"
 
 namespace calyx {
 
 namespace {
+
+constexpr int kUnknownParameter = 2906;  // {1} key
+constexpr int kOneLineName = 2921;
+constexpr int kLiveCard = 2920;  // {1} slot, {2} card code here, {3} card code there
+
+std::array<Section*, 10> InOrderOfMaking(DocumentSections& s) {
+    return {&s.general, &s.prompts,   &s.scales,      &s.hardware,      &s.tickets,
+            &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes, &s.fieldbusCards};
+}
 
 // Runs a change on a section and adds what it changed, parameter by parameter.
 template <class Edit>
@@ -20,13 +31,24 @@ void Record(Section& section, ChangeSet& changes, Edit&& edit) {
 
 void CIndicator::Initialize() {
     As("Calyx.CIndicator.Initialize", [&] {
-        sections_.emplace(*context_);
-        for (Section* section : Sections()) section->Initialize();
+        DocumentSections fresh(*context_);
+        for (Section* section : InOrderOfMaking(fresh)) section->Initialize();
+        sections_.emplace(std::move(fresh));
+        filename_ = kNewFile;
+        codFilename_.clear();
+        isNew_ = true;
         fileVersion_ = context_->programVersion;
         indicatorVersion_ = context_->texts.Text(126);
         sections_->general.SetVersion(indicatorVersion_);
         sections_->general.MarkSaved();
     });
+}
+
+void CIndicator::SetCODFilename(std::string name) {
+    const bool fits =
+        name.find_first_of("\r\n") == std::string::npos && name.find("[BEGIN]") == std::string::npos;
+    if (!fits) Fail(code::kOutOfRange, "CODFilename", {name, context_->texts.Text(kOneLineName)});
+    codFilename_ = std::move(name);
 }
 
 std::vector<Section*> CIndicator::Sections() {
@@ -77,46 +99,66 @@ std::optional<std::string> CIndicator::Value(std::string_view key) const {
     return std::nullopt;
 }
 
+CIndicator::Taken CIndicator::TakeChanges(const std::vector<Change>& changes, Section::Check check) {
+    Taken taken;
+    std::vector<bool> owned(changes.size(), false);
+    for (Section* section : Sections()) {
+        std::vector<Change> own;
+        for (std::size_t i = 0; i < changes.size(); ++i) {
+            if (owned[i] || !section->Owns(changes[i].key)) continue;
+            owned[i] = true;
+            own.push_back(changes[i]);
+        }
+        if (own.empty()) continue;
+        Record(*section, taken.changes, [&] {
+            auto refused = section->Take(own, check);
+            std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
+        });
+    }
+    for (std::size_t i = 0; i < changes.size(); ++i) {
+        if (owned[i]) continue;
+        taken.refused.push_back({changes[i].key, changes[i].after.value_or(""),
+                                 context_->texts.Format(kUnknownParameter, {changes[i].key})});
+    }
+    indicatorVersion_ = sections_->general.Version();
+    return taken;
+}
+
 CIndicator::Taken CIndicator::Import(const std::vector<KeyValue>& lines) {
     return As("Calyx.CIndicator.Import", [&] {
         NeedDocument("Import");
-        Taken taken;
-        std::vector<bool> owned(lines.size(), false);
-        for (Section* section : Sections()) {
-            std::vector<Change> own;
-            for (std::size_t i = 0; i < lines.size(); ++i) {
-                if (owned[i] || !section->Owns(lines[i].key)) continue;
-                owned[i] = true;
-                own.push_back({lines[i].key, std::nullopt, lines[i].value});
+        std::vector<Change> changes;
+        std::vector<Refusal> refused;
+        for (const KeyValue& line : lines) {
+            // A version that opening would reject.
+            if (EqualNoCase(line.key, "VERSION") && !VersionIsAccepted(line.value)) {
+                refused.push_back(
+                    {line.key, line.value,
+                     context_->texts.Format(code::kIndicatorRevision,
+                                            {filename_, line.value, context_->programVersion})});
+                continue;
             }
-            if (own.empty()) continue;
-            Record(*section, taken.changes, [&] {
-                auto refused = section->Take(own, Section::Check::Strict);
-                std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
-            });
+            changes.push_back({line.key, std::nullopt, line.value});
         }
-        for (std::size_t i = 0; i < lines.size(); ++i) {
-            if (owned[i]) continue;
-            taken.refused.push_back(
-                {lines[i].key, lines[i].value, context_->texts.Format(2906, {lines[i].key})});
-        }
-        indicatorVersion_ = sections_->general.Version();
+        Taken taken = TakeChanges(changes, Section::Check::Strict);
+        std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
         return taken;
     });
 }
 
-ChangeSet CIndicator::Apply(const ChangeSet& changes) {
+CIndicator::Taken CIndicator::UpdateFromIndicator(std::string_view dump) {
+    return As("Calyx.CIndicator.UpdateFromIndicator", [&] {
+        NeedDocument("UpdateFromIndicator");
+        std::vector<Change> changes;
+        for (const KeyValue& line : ReadLines(dump)) changes.push_back({line.key, std::nullopt, line.value});
+        return TakeChanges(changes, Section::Check::Lenient);
+    });
+}
+
+CIndicator::Taken CIndicator::Apply(const ChangeSet& changes) {
     return As("Calyx.CIndicator.Apply", [&] {
         NeedDocument("Apply");
-        ChangeSet effect;
-        for (Section* section : Sections()) {
-            const ChangeSet own =
-                changes.Where([&](const Change& change) { return section->Owns(change.key); });
-            if (own.Empty()) continue;
-            Record(*section, effect, [&] { section->Take(own.Changes(), Section::Check::None); });
-        }
-        indicatorVersion_ = sections_->general.Version();
-        return effect;
+        return TakeChanges(changes.Changes(), Section::Check::None);
     });
 }
 
@@ -124,6 +166,26 @@ std::vector<BrokenRule> CIndicator::Validate() const {
     std::vector<BrokenRule> rules;
     for (const Section* section : Sections()) {
         for (const BrokenRule& rule : section->BrokenRules()) rules.push_back(rule);
+    }
+    return rules;
+}
+
+std::vector<BrokenRule> CIndicator::ValidateLiveHardware(std::string_view dump) const {
+    constexpr const char* kKey = "HARDWARE";
+    NeedDocument("ValidateLiveHardware");
+    const Dictionary live{std::string(dump)};
+    const Dictionary::Entry* reported = live.Peek(kKey);
+    if (reported == nullptr) return {};
+    const std::string own = Value(kKey).value_or("");
+    const auto here = Split(own, ',');
+    const auto there = Split(reported->value, ',');
+    std::vector<BrokenRule> rules;
+    for (std::size_t slot = 0; slot < std::max(here.size(), there.size()); ++slot) {
+        const std::string_view card = slot < here.size() && !own.empty() ? Trim(here[slot]) : "0";
+        const std::string_view liveCard = slot < there.size() ? Trim(there[slot]) : "0";
+        if (card == liveCard) continue;
+        rules.push_back({"hardware", static_cast<int>(slot + 1), kKey,
+                         context_->texts.Format(kLiveCard, {std::to_string(slot + 1), card, liveCard})});
     }
     return rules;
 }
@@ -139,6 +201,7 @@ std::string CIndicator::GetPrintOutput() const {
 }
 
 std::string CIndicator::ImportFileText() const {
+    NeedDocument("GenerateImportFile");
     const std::string rule(49, '-');
     std::string text =
         rule + "\r\n-- Used with Calyx Configuration File\r\n-- " + filename_ + "\r\n" + rule + "\r\n";

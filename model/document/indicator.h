@@ -49,7 +49,8 @@ class CIndicator {
 
     const std::string& Filename() const { return filename_; }
     const std::string& CODFilename() const { return codFilename_; }
-    void SetCODFilename(std::string name) { codFilename_ = std::move(name); }
+    // A name that does not fit in the header line, or that holds a mark of the file, raises 10002.
+    void SetCODFilename(std::string name);
     const std::string& FileVersion() const { return fileVersion_; }
     const std::string& IndicatorVersion() const { return indicatorVersion_; }
     bool IsNew() const { return isNew_; }
@@ -95,12 +96,15 @@ class CIndicator {
         std::vector<Refusal> refused;
     };
     Taken Import(const std::vector<KeyValue>& lines);
-    // Applies changes as they are, for undo, redo and merge.
-    ChangeSet Apply(const ChangeSet& changes);
-    // Takes values read back from a connected indicator.
-    Taken UpdateFromIndicator(std::string_view dump) { return Import(ReadLines(dump)); }
+    // Applies changes as they are, for undo, redo and merge; what no section took is told.
+    Taken Apply(const ChangeSet& changes);
+    // Takes values read back from a connected indicator, as leniently as a file is read: what only the
+    // indicator knows, too.
+    Taken UpdateFromIndicator(std::string_view dump);
 
     std::vector<BrokenRule> Validate() const;
+    // Where the installed cards that a connected indicator reports differ from the document's.
+    std::vector<BrokenRule> ValidateLiveHardware(std::string_view dump) const;
 
     const ModelContext& Context() const { return *context_; }
 
@@ -108,10 +112,10 @@ class CIndicator {
     enum class CrcCheck { Equal, Differs, None };
 
     Dictionary LoadDictionary(const std::string& filename) const;
-    std::string ReadWholeFile(const std::string& filename, const char* source) const;
     CrcCheck doFileCRCCheck(const Dictionary& lines) const;
     bool doRevisionCheck(const Dictionary& lines) const;
     bool doIndicatorRevisionCheck(const Dictionary& lines) const;
+    bool VersionIsAccepted(std::string_view version) const;
     void CheckFile(const Dictionary& lines, const std::string& filename) const;
     void WriteCRCFile(const std::string& filename, std::string_view body) const;
     std::string Envelope(std::string_view body) const;
@@ -120,6 +124,7 @@ class CIndicator {
     [[noreturn]] void Fail(int code, const char* operation,
                            std::initializer_list<std::string_view> arguments) const;
     void NeedDocument(const char* operation) const;
+    Taken TakeChanges(const std::vector<Change>& changes, Section::Check check);
 
     const ModelContext* context_;
     std::string filename_ = kNewFile;

@@ -46,31 +46,29 @@ void AddFileNotes(const Dictionary& lines, ReadReport& report) {
             {Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
     }
     for (const auto& entry : lines.Entries()) {
-        if (entry.asked || entry.key.starts_with('@')) continue;
+        const bool ofTheEnvelope = EqualNoCase(entry.key, "@REVISION") || EqualNoCase(entry.key, "@CRC") ||
+                                   EqualNoCase(entry.key, "@CODFile");
+        if (entry.asked || ofTheEnvelope) continue;
         report.Add({Kind::UnknownKey, {}, std::string(entry.key), std::string(entry.value), {}, entry.line});
     }
 }
 
 }  // namespace
 
-std::string CIndicator::ReadWholeFile(const std::string& filename, const char* source) const {
+Dictionary CIndicator::LoadDictionary(const std::string& filename) const {
     switch (context_->files->Look(filename)) {
         case IFileStore::Found::Nothing:
-            Fail(code::kFileNotFound, source, {filename});
+            Fail(code::kFileNotFound, "LoadDictionary", {filename});
         case IFileStore::Found::Folder:
-            Fail(code::kIsFolder, source, {filename});
+            Fail(code::kIsFolder, "LoadDictionary", {filename});
         case IFileStore::Found::File:
             break;
     }
     try {
-        return context_->files->Read(filename);
+        return Dictionary(context_->files->Read(filename));
     } catch (const std::system_error& error) {
-        Fail(code::kFileNotReadable, source, {filename, error.code().message()});
+        Fail(code::kFileNotReadable, "LoadDictionary", {filename, error.code().message()});
     }
-}
-
-Dictionary CIndicator::LoadDictionary(const std::string& filename) const {
-    return Dictionary(ReadWholeFile(filename, "LoadDictionary"));
 }
 
 CIndicator::CrcCheck CIndicator::doFileCRCCheck(const Dictionary& lines) const {
@@ -86,7 +84,10 @@ bool CIndicator::doRevisionCheck(const Dictionary& lines) const {
 }
 
 bool CIndicator::doIndicatorRevisionCheck(const Dictionary& lines) const {
-    const std::string_view version = ValueOf(lines, "VERSION");
+    return VersionIsAccepted(ValueOf(lines, "VERSION"));
+}
+
+bool CIndicator::VersionIsAccepted(std::string_view version) const {
     if (Trim(version).empty()) return true;
     const std::string own(VersionPrefix(context_->programVersion));
     const std::string_view prefix = VersionPrefix(version);
@@ -124,7 +125,9 @@ void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename)
 
 ReadReport CIndicator::Load(const std::string& filename, bool skipChecks) {
     return As("Calyx.CIndicator.Load", [&] {
-        Dictionary lines(ReadWholeFile(filename, "Load"));
+        if (context_->files->Look(filename) == IFileStore::Found::Nothing)
+            Fail(code::kFileNotFound, "Load", {filename});
+        Dictionary lines = LoadDictionary(filename);
         ReadVersions(lines);
         if (!skipChecks) CheckFile(lines, filename);
         return TakeSections(lines, filename);
@@ -141,11 +144,7 @@ ReadReport CIndicator::LoadText(std::string text, const std::string& filename) {
 
 ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filename) {
     ReadReport report;
-    isNew_ = false;
-    filename_ = filename;
-    codFilename_ = ValueOf(lines, "@CODFile");
-    sections_.emplace(*context_);
-    DocumentSections& s = *sections_;
+    DocumentSections s(*context_);
     for (Section* section : std::initializer_list<Section*>{
              &s.general, &s.prompts, &s.hardware, &s.scales, &s.tickets, &s.widgets, &s.setpoints,
              &s.customParms, &s.junctionBoxes, &s.fieldbusCards}) {
@@ -155,6 +154,11 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
     s.general.SetVersion(indicatorVersion_);
     s.general.MarkSaved();
     AddFileNotes(lines, report);
+    // All is read: from here on nothing fails.
+    sections_.emplace(std::move(s));
+    isNew_ = false;
+    filename_ = filename;
+    codFilename_ = ValueOf(lines, "@CODFile");
     return report;
 }
 

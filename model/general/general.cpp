@@ -11,7 +11,7 @@ constexpr std::array<std::string_view, 1> kIndustrialKeys{"INDMODE."};
 
 CGeneral::CGeneral(const ModelContext& context)
     : Section(context),
-      lists_(context.lists),
+      lists_(context),
       version_(kVersionTable, context),
       general_(kGeneralTable, context),
       keyLocks_(kKeyLockTable, context),

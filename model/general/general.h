@@ -29,6 +29,10 @@ class CGeneral : public Section {
     const std::string& Version() const { return version_.fields.version; }
     void SetVersion(std::string version) { version_.fields.version = std::move(version); }
     const CGeneralLists& Lists() const { return lists_; }
+    const CTextList& RegulatoryWordings() const { return lists_.RegWords(); }
+    const CTextList& ImageModesList() const { return lists_.ImageModes(); }
+    const KeptLines& SoftKeys() const { return softKeys_; }
+    const KeptLines& IndustrialModeSettings() const { return industrialMode_; }
 
     // One line a front-panel key, "KLOCK.KZERO=False" and so on.
     std::string BuildKeyLockCommands() const;

@@ -1,12 +1,14 @@
 #include "model/general/general_lists.h"
 
-#include <stdexcept>
+#include "model/language/error.h"
 
 namespace calyx {
 
 const CTextList& CGeneralLists::Get(std::string_view name) const {
-    const CTextList* list = catalogue_->List(name);
-    if (list == nullptr) throw std::runtime_error("list catalogue: no list " + std::string(name));
+    const CTextList* list = context_->lists.List(name);
+    if (list == nullptr) {
+        throw Error(code::kNoList, "Calyx.CGeneralLists", context_->texts.Format(code::kNoList, {name}));
+    }
     return *list;
 }
 

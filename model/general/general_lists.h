@@ -1,13 +1,13 @@
 #pragma once
 
-#include "model/language/list_catalogue.h"
+#include "model/language/context.h"
 
 namespace calyx {
 
 // The value lists of the general features, by name from the catalogue.
 class CGeneralLists {
   public:
-    explicit CGeneralLists(const ListCatalogue& catalogue) : catalogue_(&catalogue) {}
+    explicit CGeneralLists(const ModelContext& context) : context_(&context) {}
 
     const CTextList& BatchingModes() const { return Get("GEN.BATMDS"); }
     const CTextList& DateFormats() const { return Get("GEN.DTEFMTS"); }
@@ -25,7 +25,7 @@ class CGeneralLists {
   private:
     const CTextList& Get(std::string_view name) const;
 
-    const ListCatalogue* catalogue_;
+    const ModelContext* context_;
 };
 
 }  // namespace calyx

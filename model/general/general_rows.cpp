@@ -59,7 +59,7 @@ constexpr Row<F> kRows[] = {
     // Both lines as the one choice that they are.
     row<&F::keyboardLock, kInteger>("KEYBOARDLOCK", "1", {.list = "GEN.KBDLKS", .label = 2029, .group = kSecurity, .help = 2229, .use = Use::Page}),
     row<&F::gravityCompensation, kExactlyOn>("GRAVADJ", "OFF", {.label = 2030, .group = kGravity, .help = 2230}),
-    row<&F::latitude, kInteger>("LAT.LOC", "45", {.label = 2031, .group = kGravity, .help = 2231, .min = 0, .max = 90, .unit = "\xC2\xB0"}),
+    row<&F::latitude, kInteger>("LAT.LOC", "45", {.label = 2031, .group = kGravity, .help = 2231, .min = 0, .max = 90, .unit = "deg"}),
     row<&F::elevation, kInteger>("ELEV.LOC", "0", {.label = 2032, .group = kGravity, .help = 2232, .min = -500, .max = 9999, .unit = "m"}),
     row<&F::contactCompany, kFreeText>("CONTACT.COMPANY", "", {.label = 2033, .group = kContact, .help = 2233}),
     row<&F::contactAddress, kFreeText, 0>("CONTACT.ADDR1", "", {.label = 2034, .group = kContact, .help = 2234}),

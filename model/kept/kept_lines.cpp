@@ -7,14 +7,17 @@
 namespace calyx {
 
 namespace {
+
 constexpr RowInfo kPlainRow{};
-}
+
+}  // namespace
 
 const RowInfo& KeptLines::Info(std::size_t) const {
     return kPlainRow;
 }
 
 Taken KeptLines::Take(std::size_t row, std::string_view text) {
+    BeforeEdit();
     lines_[row].value = text;
     return Taken::Whole;
 }
@@ -37,10 +40,20 @@ void KeptLines::Initialize() {
 
 void KeptLines::Restore(Dictionary& lines, ReadReport&) {
     lines_.clear();
-    for (const Dictionary::Entry& entry : lines.Entries()) {
-        if (!Adopts(entry.key)) continue;
-        lines.MarkAsked(entry);
-        lines_.push_back({std::string(entry.key), std::string(entry.value)});
+    std::vector<std::span<const Dictionary::Entry>> runs;
+    std::size_t most = 0;
+    for (const Dictionary::Run& run : lines.Runs()) {
+        if (!MayAdopt(run.head)) continue;
+        runs.push_back(run.entries);
+        most += run.entries.size();
+    }
+    lines_.reserve(most);
+    for (const auto run : runs) {
+        for (const Dictionary::Entry& entry : run) {
+            if (!Adopts(entry.key)) continue;
+            lines.MarkAsked(entry);
+            lines_.push_back({std::string(entry.key), std::string(entry.value)});
+        }
     }
     MarkSaved();
 }
@@ -56,7 +69,15 @@ bool KeptLines::Adopts(std::string_view key) const {
     });
 }
 
+// Whether there can be keys of ours among those that begin so.
+bool KeptLines::MayAdopt(std::string_view head) const {
+    return std::any_of(starts_.begin(), starts_.end(), [head](std::string_view start) {
+        return StartsNoCase(start, head) || StartsNoCase(head, start);
+    });
+}
+
 void KeptLines::Adopt(std::string_view key, std::string_view value) {
+    BeforeEdit();
     if (const auto row = Find(key)) {
         lines_[*row].value = value;
     } else {
@@ -65,7 +86,10 @@ void KeptLines::Adopt(std::string_view key, std::string_view value) {
 }
 
 void KeptLines::Drop(std::string_view key) {
-    if (const auto row = Find(key)) lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*row));
+    const auto row = Find(key);
+    if (!row) return;
+    BeforeEdit();
+    lines_.erase(lines_.begin() + static_cast<std::ptrdiff_t>(*row));
 }
 
 }  // namespace calyx

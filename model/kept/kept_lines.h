@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string>
 #include <string_view>
@@ -30,12 +31,14 @@ class KeptLines final : public Item {
     Taken Take(std::size_t row, std::string_view text) override;
     std::optional<std::size_t> Find(std::string_view key) const override;
     void EachLine(const std::function<void(std::size_t, Gate, bool)>& visit) const override;
+    Gate GateOf(std::size_t) const override { return {}; }
+    bool IsWritten(std::size_t) const override { return true; }
 
     void Initialize() override;
     void Restore(Dictionary& lines, ReadReport& report) override;
     void Append(std::string& out, const Target& target) const override;
-    bool IsDirty() const override { return lines_ != saved_; }
-    void MarkSaved() override { saved_ = lines_; }
+    bool IsDirty() const override { return saved_ && *saved_ != lines_; }
+    void MarkSaved() override { saved_.reset(); }
     std::unique_ptr<Item> Clone() const override { return std::make_unique<KeptLines>(*this); }
 
     bool Adopts(std::string_view key) const override;
@@ -43,9 +46,14 @@ class KeptLines final : public Item {
     void Drop(std::string_view key) override;
 
   private:
+    bool MayAdopt(std::string_view head) const;
+    void BeforeEdit() {  // keeps the lines as they were saved
+        if (!saved_) saved_ = lines_;
+    }
+
     std::span<const std::string_view> starts_;
     std::vector<KeyValue> lines_;
-    std::vector<KeyValue> saved_;
+    std::optional<std::vector<KeyValue>> saved_;  // nothing: not edited since
 };
 
 }  // namespace calyx

@@ -28,9 +28,7 @@ constexpr KeptKind kPrompts{"prompts", 2120, kPromptKeys, {}, {}};
 constexpr std::array kHardwareKeys{"HARDWARE="sv, "EDP."sv, "STR."sv, "ALG."sv, "DIO."sv, "DB."sv};
 constexpr std::array kHardwareAliases{AliasBlock{"-- Serial Port Aliases", "EDP.ALIAS#", 8},
                                       AliasBlock{"-- Analog Output Card Aliases", "ALG.ALIAS#"}};
-// The cards are the indicator's own knowledge: it is not told which are in it.
-constexpr std::array kHardwareWithheld{"HARDWARE"sv};
-constexpr KeptKind kHardware{"hardware", 2121, kHardwareKeys, kHardwareWithheld, kHardwareAliases};
+constexpr KeptKind kHardware{"hardware", 2121, kHardwareKeys, {}, kHardwareAliases};
 
 constexpr std::array kScaleKeys{"SC."sv};
 constexpr std::array kScaleAliases{AliasBlock{"-- Scale Aliases", "SC.ALIAS#"}};

@@ -40,7 +40,6 @@ class KeptSection : public Section {
     const std::vector<KeyValue>& Lines() const { return lines_.Lines(); }
     // The lines whose key begins with one of the starts, each ended by CR LF.
     std::string LinesOf(std::span<const std::string_view> starts) const;
-    std::span<const std::string_view> Withheld() const { return kind_->withheld; }
 
   private:
     const KeptKind* kind_;

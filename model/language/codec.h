@@ -15,7 +15,7 @@ enum class Taken : std::uint8_t {
     Whole,  // understood
     Part,   // a number was read from its start, the rest was passed over
     Cut,    // longer than the field; the start is held
-    Not,    // not understood; the field is as it was
+    Not,    // not understood; the field is as it was, a switch takes the side that its codec names
 };
 
 // The kind of value decides the editor's control and the words of the reference.
@@ -28,6 +28,7 @@ struct Codec {
     std::uint16_t width;  // most characters of the value; 0: no limit
     void (*write)(std::string& out, const T& value, const Target& target);
     Taken (*take)(T& value, std::string_view text);
+    std::string_view words = {};  // what is expected, where the kind alone does not say it
 };
 
 // Text in a field of N characters, written trimmed.
@@ -63,9 +64,9 @@ inline constexpr Codec<float> kSingle{
     ValueKind::Decimal, 16,
     [](std::string& out, const float& value, const Target&) { AppendSingle(out, value); },
     [](float& value, std::string_view text) {
-        const auto number = ReadDecimal(text);
+        const auto number = ReadSingle(text);
         if (!number) return Taken::Not;
-        value = static_cast<float>(number->value);
+        value = number->value;
         return number->whole ? Taken::Whole : Taken::Part;
     }};
 
@@ -83,19 +84,21 @@ inline constexpr Codec<float> kSingleWith{ValueKind::Decimal, 16,
                                           }};
 
 // On is exactly `On`; the second word is off, and so is anything else, which is reported.
-template <const auto& On, const auto& Off>
+template <const auto& On, const auto& Off, const auto& Both>
 inline constexpr Codec<bool> kSwitchWords{
     ValueKind::Switch, 8, [](std::string& out, const bool& value, const Target&) { out += value ? On : Off; },
     [](bool& value, std::string_view text) {
         text = Trim(text);
         value = text == std::string_view(On);
         return value || text == std::string_view(Off) ? Taken::Whole : Taken::Not;
-    }};
+    },
+    Both};
 namespace word {
-inline constexpr char kOn[] = "ON", kOff[] = "OFF", kTrue[] = "True", kFalse[] = "False";
-}
-inline constexpr const auto& kExactlyOn = kSwitchWords<word::kOn, word::kOff>;
-inline constexpr const auto& kTrueFalse = kSwitchWords<word::kTrue, word::kFalse>;
+inline constexpr char kOn[] = "ON", kOff[] = "OFF", kOnOff[] = "ON or OFF";
+inline constexpr char kTrue[] = "True", kFalse[] = "False", kTrueOrFalse[] = "True or False";
+}  // namespace word
+inline constexpr const auto& kExactlyOn = kSwitchWords<word::kOn, word::kOff, word::kOnOff>;
+inline constexpr const auto& kTrueFalse = kSwitchWords<word::kTrue, word::kFalse, word::kTrueOrFalse>;
 
 // Off is exactly "OFF", in any case; anything else is on.
 inline constexpr Codec<bool> kUnlessOff{

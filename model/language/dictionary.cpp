@@ -9,26 +9,28 @@ namespace calyx {
 
 namespace {
 
-// Eight characters a step; bit 5 set folds the letters. Other characters that fold together only
-// collide, the comparison of keys is exact.
+// Eight characters a step, the last ones together with some before them; bit 5 set folds the letters.
+// Other characters that fold together only collide, the comparison of keys is exact. The upper bits are
+// the good ones.
 std::uint64_t HashKey(std::string_view key) {
     constexpr std::uint64_t kFold = 0x2020202020202020ull;
     constexpr std::uint64_t kMix = 0x9E3779B97F4A7C15ull;
-    std::uint64_t hash = key.size() * kMix;
-    const char* at = key.data();
-    std::size_t left = key.size();
-    for (; left >= 8; at += 8, left -= 8) {
-        std::uint64_t chunk;
-        std::memcpy(&chunk, at, 8);
-        hash = (hash ^ (chunk | kFold)) * kMix;
-        hash ^= hash >> 29;
+    const auto chunk = [&key](std::size_t at) {
+        std::uint64_t characters;
+        std::memcpy(&characters, key.data() + at, 8);
+        return characters | kFold;
+    };
+    std::uint64_t hash = key.size();
+    if (key.size() < 8) {
+        for (const char c : key) hash = hash << 8 | static_cast<unsigned char>(c | 0x20);
+    } else {
+        for (std::size_t at = 0; at + 8 < key.size(); at += 8) {
+            hash = (hash ^ chunk(at)) * kMix;
+            hash ^= hash >> 32;
+        }
+        hash ^= chunk(key.size() - 8);
     }
-    if (left != 0) {
-        std::uint64_t chunk = 0;
-        std::memcpy(&chunk, at, left);
-        hash = (hash ^ (chunk | kFold)) * kMix;
-    }
-    return hash ^ (hash >> 32);
+    return hash * kMix;
 }
 
 }  // namespace
@@ -36,6 +38,7 @@ std::uint64_t HashKey(std::string_view key) {
 Dictionary::Dictionary(std::string text) : text_(std::make_unique<const std::string>(std::move(text))) {
     ReadLines();
     Index();
+    FindRuns();
 }
 
 Dictionary Dictionary::FromEntries(const std::vector<std::pair<std::string, std::string>>& lines) {
@@ -83,6 +86,7 @@ void Dictionary::ReadLines() {
 
 void Dictionary::Index() {
     slots_.assign(std::bit_ceil(entries_.size() * 2 + 8), 0);
+    slotShift_ = 64 - std::countr_zero(slots_.size());
     std::size_t kept = 0;
     for (std::size_t i = 0; i < entries_.size(); ++i) {
         const std::size_t slot = SlotOf(entries_[i].key);
@@ -96,10 +100,25 @@ void Dictionary::Index() {
     entries_.resize(kept);
 }
 
+void Dictionary::FindRuns() {
+    const Entry* begin = entries_.data();
+    const Entry* const stop = begin + entries_.size();
+    while (begin != stop) {
+        const std::size_t mark = begin->key.find_first_of(".#");
+        const std::string_view head = begin->key.substr(0, mark == std::string_view::npos ? mark : mark + 1);
+        const Entry* end = begin + 1;
+        if (mark != std::string_view::npos) {
+            while (end != stop && end->key.starts_with(head)) ++end;
+        }
+        runs_.push_back({head, {begin, end}});
+        begin = end;
+    }
+}
+
 // The slot that holds the key, or the free one where it would stand.
 std::size_t Dictionary::SlotOf(std::string_view key) const {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = HashKey(key) & mask;
+    std::size_t slot = HashKey(key) >> slotShift_;
     while (slots_[slot] != 0 && !EqualNoCase(entries_[slots_[slot] - 1].key, key)) slot = (slot + 1) & mask;
     return slot;
 }

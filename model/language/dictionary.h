@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -21,6 +22,12 @@ class Dictionary {
         std::uint32_t line = 0;  // 1-based
         bool asked = false;
     };
+    // Neighbours whose keys begin alike, up to the first "." or "#": "SC." or "WDGT#"; a key without
+    // either is a run of its own. Files are written section by section, so the runs are few.
+    struct Run {
+        std::string_view head;
+        std::span<const Entry> entries;
+    };
     struct TextLine {  // a line without "=": a comment, or something that is no parameter
         std::string_view text;
         std::uint32_t line = 0;
@@ -39,19 +46,23 @@ class Dictionary {
 
     const std::string& Text() const { return *text_; }
     const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences
+    const std::vector<Run>& Runs() const { return runs_; }                // all entries, in file order
     const std::vector<Entry>& Duplicates() const { return duplicates_; }  // later occurrences
     const std::vector<TextLine>& TextLines() const { return textLines_; }
 
   private:
     void ReadLines();
     void Index();
+    void FindRuns();
     std::size_t SlotOf(std::string_view key) const;
 
     std::unique_ptr<const std::string> text_;
     std::vector<Entry> entries_;
     std::vector<Entry> duplicates_;
+    std::vector<Run> runs_;
     std::vector<TextLine> textLines_;
     std::vector<std::uint32_t> slots_;  // index + 1 into entries_, 0: free; size a power of two
+    int slotShift_ = 0;                 // from a hash to its slot
 };
 
 }  // namespace calyx

@@ -27,6 +27,7 @@ inline constexpr int kFileNotReadable = 20001;
 inline constexpr int kFileNotWritten = 20002;
 inline constexpr int kIsFolder = 20003;
 inline constexpr int kSetting = 20004;
+inline constexpr int kNoList = 20005;
 }  // namespace code
 
 inline constexpr std::uint32_t kObjectErrorBase = 0x80040000u;

@@ -1,5 +1,7 @@
 #include "model/language/item.h"
 
+#include "model/language/error.h"
+
 namespace calyx {
 
 Gate Item::GateOf(std::size_t row) const {
@@ -38,9 +40,21 @@ std::string InitialText(const RowInfo& info, int number, const CTextList* list) 
     return Numbered(info.initial, number);
 }
 
-const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& lists) {
+const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context) {
     if (!info.HasList()) return nullptr;
-    return lists.List(info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list);
+    const std::string_view name = info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list;
+    const CTextList* list = context.lists.List(name);
+    if (list != nullptr) return list;
+    throw Error(code::kNoList, "Calyx.ListCatalogue.List", context.texts.Format(code::kNoList, {name}));
+}
+
+void ReportUnwritten(ReadReport& report, const Dictionary::Entry& entry) {
+    report.Add({ReadNote::Kind::NotWritten,
+                report.Section(),
+                std::string(entry.key),
+                std::string(entry.value),
+                {},
+                entry.line});
 }
 
 Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value,

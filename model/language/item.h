@@ -28,6 +28,8 @@ class Item {
     virtual std::string Text(std::size_t row, const Target& target = Target::Everything()) const = 0;
     virtual std::string InitialText(std::size_t row) const = 0;
     virtual Taken Take(std::size_t row, std::string_view text) = 0;
+    // Where the row's value stands; rows of one place share a field. Empty: it shares with none.
+    virtual std::span<const std::byte> Place(std::size_t) const { return {}; }
     // The row of a key, without regard to case.
     virtual std::optional<std::size_t> Find(std::string_view key) const = 0;
     // The layout's entries in the order of writing. `met`: the entry's condition holds at present.
@@ -46,9 +48,9 @@ class Item {
     virtual void Drop(std::string_view /*key*/) {}
 
     // All versions in which the row's line may be written; ungated where one of its entries is.
-    Gate GateOf(std::size_t row) const;
+    virtual Gate GateOf(std::size_t row) const;
     // Whether the row's line is in the file at present.
-    bool IsWritten(std::size_t row) const;
+    virtual bool IsWritten(std::size_t row) const;
 };
 
 // The value with the display text of its list entry, or as it stands.
@@ -57,7 +59,8 @@ std::string DisplayText(const Item& item, std::size_t row);
 namespace detail {
 std::string Numbered(std::string_view pattern, int number);  // "{n}" becomes the number
 std::string InitialText(const RowInfo& info, int number, const CTextList* list);
-const CTextList* FindList(const RowInfo& info, int number, const ListCatalogue& lists);
+// Nothing for a row without a list; 20005 for a list that the catalogue does not have.
+const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context);
 // The text to take for a value read from a file: itself, or what a word outside its list becomes.
 struct Checked {
     std::string_view text;
@@ -67,6 +70,7 @@ Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view v
                   const std::string& initial);
 void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, bool replaced,
             std::string became);
+void ReportUnwritten(ReadReport& report, const Dictionary::Entry& entry);
 }  // namespace detail
 
 // The item of a table of rows over one struct of fields. The struct is open to its section.
@@ -77,7 +81,7 @@ class RowItem final : public Item {
     RowItem(const RowTable<F>& table, const ModelContext& context, int number = 0, std::string suffix = {})
         : table_(&table), number_(number), suffix_(std::move(suffix)) {
         lists_.reserve(table.rows.size());
-        for (const Row<F>& r : table.rows) lists_.push_back(detail::FindList(r, number, context.lists));
+        for (const Row<F>& r : table.rows) lists_.push_back(detail::FindList(r, number, context));
     }
 
     F fields{};
@@ -97,6 +101,7 @@ class RowItem final : public Item {
         return detail::InitialText(Info(row), number_, lists_[row]);
     }
     Taken Take(std::size_t row, std::string_view text) override { return Info(row).take(fields, text); }
+    std::span<const std::byte> Place(std::size_t row) const override { return Info(row).place(fields); }
 
     std::optional<std::size_t> Find(std::string_view key) const override {
         const std::size_t around = table_->prefix.size() + suffix_.size();
@@ -124,10 +129,14 @@ class RowItem final : public Item {
     }
 
     void Restore(Dictionary& lines, ReadReport& report) override {
+        std::vector<std::pair<std::size_t, const Dictionary::Entry*>> found;
+        found.reserve(RowCount());
         for (std::size_t i = 0; i < RowCount(); ++i) {
-            if (Info(i).more.use != Use::Page) RestoreRow(i, lines, report);
+            if (Info(i).more.use == Use::Page) continue;
+            if (const Dictionary::Entry* entry = RestoreRow(i, lines, report)) found.emplace_back(i, entry);
         }
         if (table_->settle != nullptr) table_->settle(fields);
+        ReportUnwritten(found, report);
         MarkSaved();
     }
 
@@ -152,14 +161,26 @@ class RowItem final : public Item {
         return key.append(table_->prefix).append(stem).append(suffix_);
     }
 
-    void RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
+    // Lines that were read and that saving will not write again.
+    void ReportUnwritten(const std::vector<std::pair<std::size_t, const Dictionary::Entry*>>& found,
+                         ReadReport& report) const {
+        std::vector<bool> written(RowCount(), false);
+        for (const Line<F>& line : table_->layout(fields)) {
+            if (line.when == nullptr || line.when(fields)) written[line.row] = true;
+        }
+        for (const auto& [row, entry] : found) {
+            if (!written[row]) detail::ReportUnwritten(report, *entry);
+        }
+    }
+
+    const Dictionary::Entry* RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
         const Row<F>& r = Info(i);
         const Dictionary::Entry* entry =
             lines.Find(r.more.readAs.empty() ? KeyOf(r.stem) : detail::Numbered(r.more.readAs, number_));
         if (entry == nullptr) {
             if (r.more.absent == Absent::Initial) Take(i, InitialText(i));
             if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));
-            return;
+            return nullptr;
         }
         const std::string initial = lists_[i] == nullptr ? std::string() : InitialText(i);
         const detail::Checked checked = detail::CheckList(r, lists_[i], entry->value, initial);
@@ -167,6 +188,7 @@ class RowItem final : public Item {
         if (taken != Taken::Whole || checked.replaced) {
             detail::Report(report, *entry, taken, checked.replaced, Text(i));
         }
+        return entry;
     }
 
     const RowTable<F>* table_;

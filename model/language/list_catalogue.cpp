@@ -16,6 +16,10 @@ struct ListCatalogue::Draft {
 void ListCatalogue::Read(std::string_view file, const ResourceTexts& texts) {
     Draft draft;
     int number = 0;
+    const auto refuse = [&](std::string_view line, const char* why) {
+        throw std::runtime_error("list catalogue, line " + std::to_string(number) + ": \"" +
+                                 std::string(line) + "\" " + why);
+    };
     ForEachLine(file, [&](std::string_view line) {
         ++number;
         line = Trim(line);
@@ -24,15 +28,15 @@ void ListCatalogue::Read(std::string_view file, const ResourceTexts& texts) {
         const std::string_view field = line.substr(0, equals);
         if (line.starts_with('[') && line.ends_with(']')) {
             Finish(draft, texts);
+            if (line == "[]") refuse(line, "has no name");
             draft = {.name = std::string(line.substr(1, line.size() - 2)), .line = number};
-        } else if (equals != std::string_view::npos &&
+        } else if (!draft.name.empty() && equals != std::string_view::npos &&
                    (field == "texts" || field == "keys" || field == "default")) {
             (field == "texts"  ? draft.texts
              : field == "keys" ? draft.keys
                                : draft.standard) = line.substr(equals + 1);
         } else {
-            throw std::runtime_error("list catalogue, line " + std::to_string(number) + ": \"" +
-                                     std::string(line) + "\" is no heading, texts, keys or default");
+            refuse(line, "is no heading, or no texts, keys or default of a list");
         }
     });
     Finish(draft, texts);
@@ -47,6 +51,9 @@ void ListCatalogue::Finish(Draft& draft, const ResourceTexts& texts) {
     if (Split(draft.texts, ',').size() != Split(draft.keys, ',').size()) refuse("has not one text a key");
     CTextList list;
     list.Load(texts, draft.texts, draft.keys, ',');
+    for (std::size_t i = 0; const auto& entry : list) {
+        if (list.Place(entry.key) != i++) refuse("has a key twice");
+    }
     if (!list.ValidateItem(draft.standard)) refuse("has a default that is not one of its keys");
     list.SetDefault(draft.standard);
     if (!lists_.emplace(draft.name, std::move(list)).second) refuse("stands there twice");

@@ -17,6 +17,7 @@ struct ReadNote {
         NotUnderstood,  // no number, date or switch; the default stays
         PartlyRead,     // only the start of the value is a number
         Cut,            // longer than its field
+        NotWritten,     // read, but no line of the document as it stands: saving leaves it out
     };
     Kind kind;
     std::string section;  // empty where no section is concerned

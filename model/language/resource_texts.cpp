@@ -30,7 +30,9 @@ void ResourceTexts::Read(std::string_view file) {
 
 std::string ResourceTexts::Text(int number) const {
     const auto found = texts_.find(number);
-    return found == texts_.end() ? "#" + std::to_string(number) : found->second;
+    if (found != texts_.end()) return found->second;
+    std::string gap("#");
+    return gap += std::to_string(number);
 }
 
 std::string ResourceTexts::Format(int number, std::initializer_list<std::string_view> arguments) const {

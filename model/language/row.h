@@ -63,7 +63,8 @@ struct RowInfo {
     std::string_view stem;
     std::string_view initial;  // "" with a list: the list's own default
     ValueKind kind = ValueKind::Text;
-    std::uint16_t width = 0;  // most characters, 0: no limit
+    std::uint16_t width = 0;      // most characters, 0: no limit
+    std::string_view words = {};  // what is expected, where the kind alone does not say it
     More more = {};
 
     bool HasList() const { return !more.list.empty() || more.listOf != nullptr; }
@@ -74,7 +75,9 @@ template <class F>
 struct Row : RowInfo {
     void (*write)(std::string& out, const F& fields, const Target& target) = nullptr;
     Taken (*take)(F& fields, std::string_view text) = nullptr;
-    std::span<const std::byte> (*place)(const F& fields) = nullptr;  // the bytes of the member
+    // Where the value stands, and the member that it is (part of).
+    std::span<const std::byte> (*place)(const F& fields) = nullptr;
+    const void* (*member)(const F& fields) = nullptr;
 };
 
 namespace detail {
@@ -89,6 +92,7 @@ struct MemberPointer<T F::*> {
 
 template <auto Member, std::size_t... Element, class F>
 constexpr auto& Reach(F& fields) {
+    static_assert(sizeof...(Element) <= 1, "one place in an array");
     if constexpr (sizeof...(Element) == 0) {
         return fields.*Member;
     } else {
@@ -125,6 +129,7 @@ consteval auto row(std::string_view stem, std::string_view initial, More more = 
     made.initial = initial;
     made.kind = TheCodec.kind;
     made.width = TheCodec.width;
+    made.words = TheCodec.words;
     made.more = more;
     made.write = [](std::string& out, const F& fields, const Target& target) {
         TheCodec.write(out, detail::Reach<Member, Element...>(fields), target);
@@ -135,6 +140,7 @@ consteval auto row(std::string_view stem, std::string_view initial, More more = 
     made.place = [](const F& fields) {
         return std::as_bytes(std::span(&detail::Reach<Member, Element...>(fields), 1));
     };
+    made.member = [](const F& fields) { return static_cast<const void*>(&(fields.*Member)); };
     return made;
 }
 
@@ -162,7 +168,11 @@ struct Lines {
   private:
     consteval std::uint16_t Find(std::string_view stem) const {
         for (std::size_t i = 0; i < N; ++i) {
-            if (rows[i].stem == stem && rows[i].more.use == Use::Line) return static_cast<std::uint16_t>(i);
+            if (rows[i].stem != stem || rows[i].more.use != Use::Line) continue;
+            for (std::size_t other = i + 1; other < N; ++other) {
+                if (rows[other].stem == stem) throw "two rows of this stem";
+            }
+            return static_cast<std::uint16_t>(i);
         }
         throw "no row of this stem has a line";
     }

@@ -1,6 +1,7 @@
 #include "model/language/section.h"
 
-#include <map>
+#include <algorithm>
+#include <cmath>
 
 #include "model/language/text.h"
 
@@ -15,6 +16,7 @@ constexpr int kNotUnderstood = 2903;      // {1} label, {2} value, {3} what is e
 constexpr int kTooLong = 2904;            // {1} label, {2} most characters, {3} what was kept
 constexpr int kDecidedElsewhere = 2905;   // {1} key, {2} value that stands
 constexpr int kNoSuchItem = 2908;         // {1} key
+constexpr int kLineBreak = 2909;          // {1} key
 constexpr int kReadOnlyParameter = 2907;  // {1} label
 constexpr int kKindWords = 2910;          // 2910 + kind: "text", "a whole number", ...
 
@@ -25,7 +27,11 @@ std::string Label(const ModelContext& context, const Item& item, std::size_t row
 
 std::string Number(double value) {
     std::string text;
-    AppendSingle(text, static_cast<float>(value));
+    AppendInteger(text, static_cast<std::int64_t>(value));
+    if (value != std::floor(value)) {
+        text.clear();
+        AppendSingle(text, static_cast<float>(value));
+    }
     return text;
 }
 
@@ -42,64 +48,60 @@ std::string RangeFault(const ModelContext& context, const Item& item, std::size_
     if (!more.HasRange()) return {};
     const auto number = ReadDecimal(text);
     if (!number || (number->value >= more.min && number->value <= more.max)) return {};
-    return context.texts.Format(
-        kOutOfRangeText, {Label(context, item, row), text, Number(more.min), Number(more.max), more.unit});
+    std::string unit(more.unit);
+    if (!unit.empty()) unit.insert(0, " ");
+    return context.texts.Format(kOutOfRangeText,
+                                {Label(context, item, row), text, Number(more.min), Number(more.max), unit});
 }
 
-// Why a value cannot be taken as given; empty when it can. `item` is a scratch copy that tries it.
-std::string Fault(const ModelContext& context, Item& item, std::size_t row, const std::string& value) {
-    const RowInfo& info = item.Info(row);
-    const auto kindWords = [&] { return context.texts.Text(kKindWords + static_cast<int>(info.kind)); };
-    if (info.more.use == Use::ReadOnly)
-        return context.texts.Format(kReadOnlyParameter, {Label(context, item, row)});
+// Why a word is not one of the row's list; empty when it is.
+std::string ListFault(const ModelContext& context, const Item& item, std::size_t row, std::string_view word) {
     const CTextList* list = item.List(row);
-    if (list != nullptr && !list->ValidateItem(Trim(value))) {
-        return context.texts.Format(kNotInList, {Label(context, item, row), value, JoinKeys(*list)});
-    }
-    const Taken taken = item.Take(row, value);
-    if (taken == Taken::Not || taken == Taken::Part) {
-        return context.texts.Format(kNotUnderstood, {Label(context, item, row), value, kindWords()});
-    }
-    return RangeFault(context, item, row, item.Text(row));
+    if (list == nullptr || list->ValidateItem(Trim(word))) return {};
+    return context.texts.Format(kNotInList, {Label(context, item, row), word, JoinKeys(*list)});
 }
 
-// The changes of one item, merged into its own texts and read again in table order, so that rows that
-// share a field end as a file with these lines would.
+// A key and a value that fit in one line.
+bool FitsInALine(const Change& change) {
+    constexpr const char* kLineEnds = "\r\n";
+    if (change.key.empty() || change.key.find_first_of("=\r\n") != std::string::npos) return false;
+    return !change.after || change.after->find_first_of(kLineEnds) == std::string::npos;
+}
+
+// The changes of one item, merged into its own: rows that share a field with a changed one are read
+// again in table order, so that the item ends as if a file had these lines.
 class Merge {
   public:
-    Merge(const ModelContext& context, Item& item) : context_(context), item_(item) {
-        texts_.reserve(item.RowCount());
-        for (std::size_t i = 0; i < item.RowCount(); ++i) texts_.push_back(item.Text(i));
-    }
+    Merge(const ModelContext& context, Item& item) : context_(context), item_(item), scratch_(item.Clone()) {}
 
     void Add(std::size_t row, const Change& change, Section::Check check, std::vector<Refusal>& refused) {
-        const std::string value = change.after ? *change.after : item_.InitialText(row);
-        const auto scratch = item_.Clone();
-        std::string fault =
-            check == Section::Check::Strict ? Fault(context_, *scratch, row, value) : std::string();
-        if (!fault.empty()) {
-            refused.push_back({change.key, value, std::move(fault)});
-            return;
+        std::string value = change.after ? *change.after : item_.InitialText(row);
+        if (check == Section::Check::Lenient) {
+            const std::string initial = item_.InitialText(row);
+            value = detail::CheckList(item_.Info(row), item_.List(row), value, initial).text;
         }
-        if (scratch->Take(row, value) == Taken::Cut && check == Section::Check::Strict) {
-            refused.push_back({change.key, value,
-                               context_.texts.Format(kTooLong, {Label(context_, *scratch, row),
-                                                                std::to_string(scratch->Info(row).width),
-                                                                scratch->Text(row)})});
+        std::string fault = check == Section::Check::None ? std::string() : Fault(row, value, check);
+        const bool stays = !fault.empty() && check == Section::Check::Strict;
+        if (fault.empty() && check != Section::Check::None && scratch_->Take(row, value) == Taken::Cut) {
+            fault = context_.texts.Format(
+                kTooLong,
+                {Label(context_, item_, row), std::to_string(item_.Info(row).width), scratch_->Text(row)});
         }
-        texts_[row] = value;
-        wanted_.push_back({row, change.key, value});
+        if (!fault.empty()) refused.push_back({change.key, change.after.value_or(""), std::move(fault)});
+        if (!stays) wanted_.push_back({row, change.key, std::move(value)});
     }
 
     void Finish(Section::Check check, std::vector<Refusal>& refused) {
-        const auto take = [this](bool page) {
-            for (std::size_t i = 0; i < texts_.size(); ++i) {
-                if ((item_.Info(i).more.use == Use::Page) == page && (!page || Wanted(i)))
-                    item_.Take(i, texts_[i]);
+        std::vector<std::optional<std::string>> texts(wanted_.empty() ? 0 : item_.RowCount());
+        for (std::size_t i = 0; i < texts.size(); ++i) {
+            if (SharesWithWanted(i)) texts[i] = item_.Text(i);
+        }
+        for (const Wish& wish : wanted_) texts[wish.row] = wish.value;
+        for (const bool page : {false, true}) {
+            for (std::size_t i = 0; i < texts.size(); ++i) {
+                if (texts[i] && (item_.Info(i).more.use == Use::Page) == page) item_.Take(i, *texts[i]);
             }
-        };
-        take(false);
-        take(true);
+        }
         if (check != Section::Check::Strict) return;
         for (const auto& [row, key, value] : wanted_) {
             // A value that stands changes nothing when it is taken once more.
@@ -116,14 +118,40 @@ class Merge {
         std::size_t row;
         std::string key, value;
     };
-    bool Wanted(std::size_t row) const {
-        return std::any_of(wanted_.begin(), wanted_.end(),
-                           [row](const Wish& wish) { return wish.row == row; });
+
+    // Why a value cannot be taken as given; empty when it can. Lenient takes what a file may hold.
+    std::string Fault(std::size_t row, const std::string& value, Section::Check check) {
+        const RowInfo& info = item_.Info(row);
+        const std::string label = Label(context_, item_, row);
+        if (check == Section::Check::Strict) {
+            if (info.more.use == Use::ReadOnly) return context_.texts.Format(kReadOnlyParameter, {label});
+            std::string fault = ListFault(context_, item_, row, value);
+            if (!fault.empty()) return fault;
+        }
+        const Taken taken = scratch_->Take(row, value);
+        if (taken == Taken::Not || taken == Taken::Part) {
+            const std::string expected = info.words.empty()
+                                             ? context_.texts.Text(kKindWords + static_cast<int>(info.kind))
+                                             : std::string(info.words);
+            return context_.texts.Format(kNotUnderstood, {label, value, expected});
+        }
+        return check == Section::Check::Strict ? RangeFault(context_, item_, row, scratch_->Text(row))
+                                               : std::string();
+    }
+
+    // Another line of the same field, which has its say when this one changes.
+    bool SharesWithWanted(std::size_t row) const {
+        const auto place = item_.Place(row);
+        return !place.empty() && item_.Info(row).more.use != Use::Page &&
+               std::any_of(wanted_.begin(), wanted_.end(), [&](const Wish& wish) {
+                   return item_.Info(wish.row).more.use != Use::Page &&
+                          item_.Place(wish.row).data() == place.data();
+               });
     }
 
     const ModelContext& context_;
     Item& item_;
-    std::vector<std::string> texts_;
+    std::unique_ptr<Item> scratch_;  // tries values
     std::vector<Wish> wanted_;
 };
 
@@ -201,9 +229,11 @@ CBrokenRules Section::BrokenRules() const {
     for (const Item* item : Items()) {
         for (std::size_t i = 0; i < item->RowCount(); ++i) {
             const More& more = item->Info(i).more;
-            if ((!more.HasRange() && more.rule == nullptr) || !item->IsWritten(i)) continue;
+            const bool ruled = more.HasRange() || more.rule != nullptr || item->List(i) != nullptr;
+            if (!ruled || !item->IsWritten(i)) continue;
             const std::string text = item->Text(i);
-            std::string fault = RangeFault(*context_, *item, i, text);
+            std::string fault = ListFault(*context_, *item, i, text);
+            if (fault.empty()) fault = RangeFault(*context_, *item, i, text);
             const int broken = more.rule == nullptr ? 0 : more.rule(text);
             if (broken != 0) fault = context_->texts.Format(broken, {Label(*context_, *item, i), text});
             if (!fault.empty())
@@ -238,6 +268,12 @@ std::vector<Refusal> Section::Take(const std::vector<Change>& changes, Check che
         for (std::size_t i = 0; i < changes.size(); ++i) {
             const Change& change = changes[i];
             if (found[i]) continue;
+            if (!FitsInALine(change)) {
+                refused.push_back({change.key, change.after.value_or(""),
+                                   context_->texts.Format(kLineBreak, {change.key})});
+                found[i] = true;
+                continue;
+            }
             if (item->Adopts(change.key)) {
                 change.after ? item->Adopt(change.key, *change.after) : item->Drop(change.key);
                 found[i] = true;

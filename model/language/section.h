@@ -106,9 +106,10 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     // whole state of the section.
     std::vector<KeyValue> State() const;
     // Takes over values by key, together: lines that belong together (two words of one lock) are
-    // merged into the section's own first. Keys of other sections are passed over. `strict` refuses
-    // what the list or range does not allow, which an undo must not.
-    enum class Check { Strict, None };
+    // merged into the section's own first. Keys of other sections are passed over. Strict refuses what
+    // the list or range does not allow; Lenient reads as a file is read and tells what was not taken as
+    // given; None takes everything, for undo. A line break is refused by all.
+    enum class Check { Strict, Lenient, None };
     virtual std::vector<Refusal> Take(const std::vector<Change>& changes, Check check);
     // Also keys of items that could be there and are not at present.
     virtual bool Owns(std::string_view key) const;

@@ -7,10 +7,6 @@ namespace calyx {
 
 namespace {
 
-constexpr char Lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-
 std::string_view SkipBlanks(std::string_view text) {
     text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
     return text;
@@ -20,6 +16,17 @@ std::string_view SkipBlanks(std::string_view text) {
 std::string_view SkipPlus(std::string_view text) {
     const bool plus = text.size() > 1 && text[0] == '+' && text[1] != '-';
     return plus ? text.substr(1) : text;
+}
+
+template <class Read>
+std::optional<Read> ReadFloating(std::string_view text) {
+    const std::string_view number = SkipPlus(SkipBlanks(text));
+    Read read;
+    const auto [end, failure] =
+        std::from_chars(number.data(), number.data() + number.size(), read.value, std::chars_format::fixed);
+    if (failure != std::errc{} || !std::isfinite(read.value)) return std::nullopt;
+    read.whole = Trim(number.substr(static_cast<std::size_t>(end - number.data()))).empty();
+    return read;
 }
 
 }  // namespace
@@ -33,12 +40,10 @@ std::string_view Trim(std::string_view text) {
 }
 
 bool EqualNoCase(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-bool StartsNoCase(std::string_view text, std::string_view start) {
-    return text.size() >= start.size() && EqualNoCase(text.substr(0, start.size()), start);
+    // Keys are nearly always spelt alike.
+    if (a.size() != b.size()) return false;
+    if (a == b) return true;
+    return std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
 }
 
 std::string Upper(std::string_view text) {
@@ -69,13 +74,11 @@ std::optional<LeadingInteger> ReadInteger(std::string_view text) {
 }
 
 std::optional<LeadingDecimal> ReadDecimal(std::string_view text) {
-    const std::string_view number = SkipPlus(SkipBlanks(text));
-    LeadingDecimal read;
-    const auto [end, failure] =
-        std::from_chars(number.data(), number.data() + number.size(), read.value, std::chars_format::fixed);
-    if (failure != std::errc{} || !std::isfinite(read.value)) return std::nullopt;
-    read.whole = Trim(number.substr(static_cast<std::size_t>(end - number.data()))).empty();
-    return read;
+    return ReadFloating<LeadingDecimal>(text);
+}
+
+std::optional<LeadingSingle> ReadSingle(std::string_view text) {
+    return ReadFloating<LeadingSingle>(text);
 }
 
 void AppendInteger(std::string& out, std::int64_t value) {

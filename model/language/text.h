@@ -16,7 +16,16 @@ namespace calyx {
 std::string_view Trim(std::string_view text);
 std::string_view TrimRight(std::string_view text);
 bool EqualNoCase(std::string_view a, std::string_view b);  // ASCII letters only
-bool StartsNoCase(std::string_view text, std::string_view start);
+constexpr char Lower(char c) {                             // ASCII letters only
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
+}
+constexpr bool StartsNoCase(std::string_view text, std::string_view start) {
+    if (text.size() < start.size()) return false;
+    for (std::size_t i = 0; i < start.size(); ++i) {
+        if (Lower(text[i]) != Lower(start[i])) return false;
+    }
+    return true;
+}
 std::string Upper(std::string_view text);                                    // ASCII letters only
 std::vector<std::string_view> Split(std::string_view text, char delimiter);  // "" gives one empty piece
 
@@ -43,6 +52,11 @@ struct LeadingDecimal {
 };
 std::optional<LeadingInteger> ReadInteger(std::string_view text);  // none: no digit, or beyond 32 bits
 std::optional<LeadingDecimal> ReadDecimal(std::string_view text);  // "." is the decimal point
+struct LeadingSingle {
+    float value = 0;
+    bool whole = false;
+};
+std::optional<LeadingSingle> ReadSingle(std::string_view text);  // none: beyond a single float, too
 
 void AppendInteger(std::string& out, std::int64_t value);
 // The shortest decimal form that reads back to the same single float; never an exponent.
@@ -56,8 +70,10 @@ class FixedText {
     constexpr FixedText() = default;
     constexpr explicit FixedText(std::string_view text) { Assign(text); }
 
-    // False when the text had to be cut.
+    // False when the text had to be cut. Blanks around it are what goes first.
     constexpr bool Assign(std::string_view text) {
+        if (text.size() > N) text = text.substr(0, std::max(text.find_last_not_of(' ') + 1, N));
+        while (text.size() > N && text.front() == ' ') text.remove_prefix(1);
         size_ = static_cast<std::uint8_t>(std::min(text.size(), N));
         std::copy_n(text.begin(), size_, chars_.begin());
         std::fill(chars_.begin() + size_, chars_.end(), '\0');
@@ -70,7 +86,8 @@ class FixedText {
         padded.resize(N, ' ');
         return padded;
     }
-    friend constexpr bool operator==(const FixedText&, const FixedText&) = default;
+    // As it is written: trimmed.
+    friend bool operator==(const FixedText& a, const FixedText& b) { return a.Trimmed() == b.Trimmed(); }
 
   private:
     static_assert(N > 0 && N < 256);

@@ -42,6 +42,11 @@ const std::string* CTextList::Key(std::string_view text) const {
     return found == byText_.end() ? nullptr : &entries_[found->second].key;
 }
 
+std::size_t CTextList::Place(std::string_view key) const {
+    const auto found = byKey_.find(key);
+    return found == byKey_.end() ? Count() : found->second;
+}
+
 std::string CTextList::TabDelimitedList() const {
     std::string joined;
     for (const Entry& entry : entries_) {

@@ -30,6 +30,7 @@ class CTextList {
     const std::string* Item(std::string_view key) const;
     const std::string* Key(std::string_view text) const;
     bool ValidateItem(std::string_view key) const { return Item(key) != nullptr; }
+    std::size_t Place(std::string_view key) const;  // in the list; Count() when it is not there
 
     std::size_t Count() const { return entries_.size(); }
     std::string TabDelimitedList() const;

@@ -52,6 +52,8 @@ TEST_F(File, ChecksumIsTheKnownOneForEveryAlignment) {
 TEST_F(File, EnvelopeIsExact) {
     document.Initialize();
     document.SetCODFilename("gate.cod");
+    EXPECT_THROW(document.SetCODFilename("x\r\nUID=1"), Error);
+    EXPECT_THROW(document.SetCODFilename("a[BEGIN].cod"), Error);
     document.Save("out.mrn", false);
     const std::string body = document.Body();
     EXPECT_TRUE(body.starts_with("VERSION=3.10.00\r\nBATCHNG="));
@@ -88,8 +90,9 @@ TEST_F(File, ChecksInTheirOrder) {
         {"indicator with V", Around("VERSION=V3.10.02\r\n"), 0},
         {"indicator without V", Around("VERSION=3.10.02\r\n"), 0},
         {"prefix in other case", Around("VERSION=v3.10.02\r\n"), 15001},
-        {"no begin mark: measured from the start", "@CRC=" + std::to_string(Checksum("345678")) + "\r\n",
-         10005},
+        {"no begin mark: measured from the start",
+         "01234567BODY[END]\r\n@CRC=" + std::to_string(Checksum("BODY")) + "\r\n", 0},
+        {"the last end mark counts", Around("CONTACT.ADDR1=[END]\r\nVERSION=3.10.00\r\n"), 0},
         {"end before begin has checksum 0", "@CRC=0\r\n[END]\r\n[BEGIN]\r\n", 0},
         {"checksum is no number", "@CRC=abc\r\n[BEGIN]\r\n[END]", 10005},
     };
@@ -131,7 +134,6 @@ TEST_F(File, LinesAreReadAsTheyStand) {
     EXPECT_EQ(document.Value("UID"), "\tX");
     EXPECT_EQ(document.Value("TRUCK"), "MODE1");
     EXPECT_EQ(document.Value("DATESEP"), "DASH");
-    const std::string text = document.GetPrintOutput();
     EXPECT_NE(document.Body().find("CONTACT.COMPANY=  a=b \xE9 \r\n"), std::string::npos);
 }
 
@@ -140,10 +142,17 @@ TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
         "; a "
         "comment\r\n[BEGIN]\r\nUID=A\r\nUID=B\r\nTRUCK=MODE99\r\nDSPRATE=12abc\r\nCONSNUM=many\r\nNEXTCAL="
         "13452020\r\n"
-        "ALERT.SERV=1234567890123456\r\nFOO.BAR=1\r\n[END]";
+        "ALERT.SERV=1234567890123456\r\nFOO.BAR=1\r\nLAT.LOC=50\r\nLASTCAL=01022026\r\n@FOO=1\r\nUID=A\r\n["
+        "END]";
     const ReadReport report = document.Load("f", true);
     using Kind = ReadNote::Kind;
-    const std::vector<std::tuple<Kind, unsigned, std::string, std::string>> expected{
+    struct Row {
+        Kind kind;
+        unsigned line;
+        const char* key;
+        const char* became;
+    };
+    const Row expected[] = {
         {Kind::ListValue, 5, "TRUCK", "OFF"},
         {Kind::PartlyRead, 6, "DSPRATE", "12"},
         {Kind::NotUnderstood, 7, "CONSNUM", "0"},
@@ -151,13 +160,18 @@ TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
         {Kind::Cut, 9, "ALERT.SERV", "123456789012345"},
         {Kind::TextLine, 1, "", ""},
         {Kind::DuplicateKey, 4, "UID", "A"},
+        {Kind::DuplicateKey, 14, "UID", "A"},
         {Kind::UnknownKey, 10, "FOO.BAR", ""},
+        {Kind::NotWritten, 11, "LAT.LOC", ""},
+        {Kind::NotWritten, 12, "LASTCAL", ""},
+        {Kind::UnknownKey, 13, "@FOO", ""},
     };
-    ASSERT_EQ(report.Count(), expected.size());
-    for (const auto& [kind, line, key, became] : expected) {
+    ASSERT_EQ(report.Count(), std::size(expected));
+    for (const Row& row : expected) {
         EXPECT_TRUE(std::any_of(report.Notes().begin(), report.Notes().end(), [&](const ReadNote& note) {
-            return note.kind == kind && note.line == line && note.key == key && note.became == became;
-        })) << line;
+            return note.kind == row.kind && note.line == row.line && note.key == row.key &&
+                   note.became == row.became;
+        })) << row.line;
     }
     EXPECT_EQ(report.Notes().front().section, "general");
 }

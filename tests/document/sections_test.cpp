@@ -25,6 +25,12 @@ class EverySection : public testing::TestWithParam<SectionCase> {
     }
 };
 
+// Notes about the values themselves; that a line is not written again may come on top.
+std::ptrdiff_t Oddities(const ReadReport& report) {
+    return std::count_if(report.Notes().begin(), report.Notes().end(),
+                         [](const ReadNote& note) { return note.kind != ReadNote::Kind::NotWritten; });
+}
+
 // Runs `check` for every row that can be written and read.
 template <class Check>
 void ForEveryLine(Section& section, Check&& check) {
@@ -71,7 +77,7 @@ TEST_P(EverySection, EveryParameterIsSetWrittenAndReadBackEqual) {
         Dictionary lines = Dictionary::FromEntries({{key, text}});
         ReadReport report;
         read->RestoreState(lines, report);
-        EXPECT_TRUE(report.Empty()) << key;
+        EXPECT_EQ(Oddities(report), 0) << key;
         EXPECT_FALSE(read->IsDirty()) << key;
         EXPECT_EQ(read->State(), edited->State()) << key;
 
@@ -92,7 +98,7 @@ TEST_P(EverySection, ValuesOutsideListAndRangeAreReportedOnReadingAndRefusedOnSe
         Dictionary lines = Dictionary::FromEntries({{item.Key(row), "?"}});
         ReadReport report;
         read->RestoreState(lines, report);
-        EXPECT_EQ(report.Count(), 1u) << item.Key(row);
+        EXPECT_EQ(Oddities(report), 1) << item.Key(row);
         EXPECT_EQ(read->State(), Fresh()->State()) << item.Key(row);
 
         std::vector<std::string> bad{"?"};
@@ -151,6 +157,9 @@ struct Kept {
     const char* name;
     std::string lines;
 };
+void PrintTo(const Kept& kept, std::ostream* out) {
+    *out << kept.name;
+}
 class KeptSections : public testing::TestWithParam<Kept> {};
 
 TEST_P(KeptSections, LinesComeBackUnchangedAndOthersAreNotTaken) {

@@ -53,7 +53,8 @@ TEST(Catalogue, DefectsNameTheirLine) {
     const ResourceTexts texts;
     for (const char* defect :
          {"[A]\ntexts=1,2\nkeys=X\ndefault=X\n", "[A]\ntexts=1\nkeys=X\ndefault=Y\n",
-          "[A]\ntexts=1\nkeys=X\ndefault=X\n[A]\ntexts=1\nkeys=X\ndefault=X\n", "[A]\nwords=X\n"}) {
+          "[A]\ntexts=1\nkeys=X\ndefault=X\n[A]\ntexts=1\nkeys=X\ndefault=X\n", "[A]\nwords=X\n", "keys=X\n",
+          "[]\ntexts=1\nkeys=X\ndefault=X\n", "[A]\ntexts=1,2\nkeys=X,X\ndefault=X\n"}) {
         ListCatalogue catalogue;
         try {
             catalogue.Read(defect, texts);

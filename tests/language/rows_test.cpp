@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include "model/language/error.h"
 #include "model/language/item.h"
 #include "tests/support/model_fixture.h"
 
@@ -13,7 +14,7 @@ struct Fields {
     std::int32_t count = 0;
     FixedText<8> alias;
     std::array<FixedText<10>, 2> filter;
-    FixedText<10> rate;
+    FixedText<10> rate, mode, parity;
     bool echo = false;
     float band = 0;
     FixedText<8> token;
@@ -26,6 +27,10 @@ std::string RateOf(int item, const CTextList*) {
 }
 std::string_view RateList(int item) {
     return item == 1 ? "A.RATE" : "B.RATE";
+}
+
+std::string_view OldRate(std::string_view word, const CTextList&) {
+    return word == "FAST" ? "115200" : word;
 }
 
 // "OFF" for no band before 3.01, the number with "D" since.
@@ -46,7 +51,10 @@ constexpr Row<F> kRows[] = {
     row<&F::alias, kFixed8>("ALIAS", "Port{n}", {.absentValue = "Com{n}", .absent = Absent::Value}),
     row<&F::filter, kFixed10, 0>("FLT1", "4"),
     row<&F::filter, kFixed10, 1>("FLT2", "4"),
-    row<&F::rate, kFixed10>("RATE", "", {.listOf = RateList, .unknown = Unknown::First, .initialOf = RateOf}),
+    row<&F::rate, kFixed10>(
+        "RATE", "", {.listOf = RateList, .unknown = Unknown::First, .older = OldRate, .initialOf = RateOf}),
+    row<&F::mode, kFixed10>("MODE", "MED", {.list = "C.MODE", .unknown = Unknown::Initial}),
+    row<&F::parity, kFixed10>("PARITY", "", {.list = "C.MODE"}),
     row<&F::echo, kUnlessOff>("ECHO", "ON"),
     row<&F::band, kBand>("BAND", "0D"),
     // Written with "#", looked up without.
@@ -59,8 +67,11 @@ constexpr auto kPlain = Join(lines("KIND", "ALIAS"),
                              lines("BAND", "TOKEN"));
 constexpr auto kTwice = Join(lines("KIND", "FLT1"),
                              Gated(Since("2.00."), Gated(Only({"2.00.", "3.10."}), lines("FLT1", "FLT2"))));
+void Settle(F& f) {
+    if (f.count == 9) f.echo = false;
+}
 constexpr RowTable<F> kTable{
-    kRows, [](const F& f) { return f.kind == 2 ? Layout<F>(kTwice) : Layout<F>(kPlain); }, "X."};
+    kRows, [](const F& f) { return f.kind == 2 ? Layout<F>(kTwice) : Layout<F>(kPlain); }, "X.", Settle};
 
 class Rows : public testing::Test {
   protected:
@@ -68,7 +79,8 @@ class Rows : public testing::Test {
     ReadReport report;
     void SetUp() override {
         context.lists.Read(
-            "[A.RATE]\ntexts=1,2\nkeys=300,9600\ndefault=9600\n[B.RATE]\ntexts=1,2\nkeys=1200,"
+            "[C.MODE]\ntexts=1,2,3\nkeys=LOW,MED,HIGH\ndefault=HIGH\n[A.RATE]\ntexts=1,2\nkeys=300,"
+            "9600\ndefault=9600\n[B.RATE]\ntexts=1,2\nkeys=1200,"
             "115200\ndefault=1200\n",
             context.texts);
     }
@@ -90,15 +102,39 @@ TEST_F(Rows, InitialAbsentAndUnknownValuesAreTheirOwn) {
     EXPECT_EQ(item.fields.rate.View(), "115200");
     item.fields.count = 7;
     item.fields.kind = 5;
-    Dictionary file("X.RATE#2=77\r\nX.TOKEN#2=C\r\nX.COUNT#1=9\r\n");
+    Dictionary file("X.RATE#2=77\r\nX.TOKEN#2=C\r\nX.COUNT#1=9\r\nX.MODE#2=FULL\r\nX.PARITY#2=FULL\r\n");
     item.Restore(file, report);
-    EXPECT_EQ(item.fields.alias.View(), "Com2");  // absent: a value of its own
-    EXPECT_EQ(item.fields.count, 3);              // absent: initial
-    EXPECT_EQ(item.fields.kind, 5);               // absent: kept
-    EXPECT_EQ(item.fields.rate.View(), "1200");   // unknown: the list of this number, first entry
-    EXPECT_EQ(item.fields.token.View(), "Z");     // looked up elsewhere
-    EXPECT_EQ(report.Count(), 1u);
+    EXPECT_EQ(item.fields.alias.View(), "Com2");   // absent: a value of its own
+    EXPECT_EQ(item.fields.count, 3);               // absent: initial
+    EXPECT_EQ(item.fields.kind, 5);                // absent: kept
+    EXPECT_EQ(item.fields.rate.View(), "1200");    // unknown: the list of this number, first entry
+    EXPECT_EQ(item.fields.token.View(), "Z");      // looked up elsewhere
+    EXPECT_EQ(item.fields.mode.View(), "MED");     // unknown: initial
+    EXPECT_EQ(item.fields.parity.View(), "HIGH");  // unknown: the list's default
+    // Three words replaced, and as many lines that this layout does not write.
+    EXPECT_EQ(report.Count(), 6u);
     EXPECT_FALSE(item.IsDirty());
+}
+
+TEST_F(Rows, OtherKeysOlderWordsAndWhatSettles) {
+    auto item = Fresh(2);
+    Dictionary file("X.TOKEN2=C\r\nX.RATE#2=FAST\r\nX.COUNT#2=9\r\nX.ECHO#2=ON\r\n");
+    item.Restore(file, report);
+    EXPECT_EQ(item.fields.token.View(), "C");
+    EXPECT_EQ(item.fields.rate.View(), "115200");
+    EXPECT_FALSE(item.fields.echo);  // nine of them settle it
+    EXPECT_TRUE(std::none_of(report.Notes().begin(), report.Notes().end(),
+                             [](const ReadNote& note) { return note.kind == ReadNote::Kind::ListValue; }));
+}
+
+TEST_F(Rows, AListThatTheCatalogueLacksIsAnError) {
+    const ModelContext empty;
+    try {
+        RowItem<F>(kTable, empty, 1, "#1");
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.Code(), code::kNoList);
+    }
 }
 
 TEST_F(Rows, LayoutsAreSequencesByKindGateAndCondition) {

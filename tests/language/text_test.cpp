@@ -78,7 +78,8 @@ TEST(Codecs, ReadAndWrite) {
     Check(kFixed8, {{" ab ", Taken::Whole, "ab"},
                     {"12345678", Taken::Whole, "12345678"},
                     {"123456789", Taken::Cut, "12345678"},
-                    {"         x", Taken::Cut, ""}});
+                    {"         x", Taken::Whole, "x"},
+                    {"123456789 ", Taken::Cut, "12345678"}});
     Check(kFreeText, {{" as it = stands ", Taken::Whole, " as it = stands "}});
     Check(kInteger, {{"-5", Taken::Whole, "-5"}, {"5x", Taken::Part, "5"}, {"x", Taken::Not, "0"}});
     Check(kSingleWith<'%'>,

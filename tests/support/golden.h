@@ -47,7 +47,10 @@ inline std::string VersionMatrix(const Section& section) {
     for (const KeyValue& line : ReadLines(section.GetTextOutput(true))) {
         matrix += line.key;
         matrix.append(line.key.size() < 24 ? 24 - line.key.size() : 1, ' ');
-        for (const auto& keys : written) matrix += keys.contains(line.key) ? "x    " : ".    ";
+        for (const auto& keys : written) {
+            const int times = keys.contains(line.key) ? keys.at(line.key) : 0;
+            matrix += (times == 0 ? "." : times == 1 ? "x" : std::to_string(times)) + "    ";
+        }
         matrix.erase(matrix.find_last_not_of(' ') + 1);
         matrix += '\n';
     }

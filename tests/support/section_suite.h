@@ -17,12 +17,11 @@ namespace calyx::test {
 struct SectionCase {
     std::string name;  // as in Section::Name
     std::function<std::unique_ptr<Section>(const ModelContext&)> make;
-    // A text that differs from the initial one and may stand in the parameter; empty: the suite finds one
-    // itself.
-    std::function<std::string(const std::string& key)> other = [](const std::string&) {
-        return std::string();
-    };
 };
+
+inline void PrintTo(const SectionCase& section, std::ostream* out) {
+    *out << section.name;
+}
 
 // Another allowed text for a row: the next word of the list, a number in the range, a text that fits.
 inline std::string OtherText(const Item& item, std::size_t row) {
