@@ -55,10 +55,10 @@ foreach(source IN LISTS sources)
       set(path "${CMAKE_MATCH_1}")
       # Libraries belong to one room or a few; the model has the standard library alone.
       if(path MATCHES "^(model|platform|sim|comm|app|cli|ui)/"
-         OR path MATCHES "^asio" AND NOT source MATCHES "^(comm|sim|platform)/"
-         OR path MATCHES "^Q" AND NOT source MATCHES "^ui/"
-         OR path MATCHES "^(nlohmann|CLI)/" AND NOT source MATCHES "^cli/"
-         OR path MATCHES "[./]" AND source MATCHES "^model/")
+         OR (path MATCHES "^asio" AND NOT source MATCHES "^(comm|sim|platform)/")
+         OR (path MATCHES "^Q" AND NOT source MATCHES "^ui/")
+         OR (path MATCHES "^(nlohmann|CLI)/" AND NOT source MATCHES "^cli/")
+         OR (path MATCHES "[./]" AND source MATCHES "^model/"))
         list(APPEND wrong "${source} includes <${path}>")
       endif()
     else()
