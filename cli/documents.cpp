@@ -1,0 +1,91 @@
+#include "cli/documents.h"
+
+#include <algorithm>
+#include <system_error>
+
+#include "cli/exit.h"
+#include "model/language/file_store.h"
+
+namespace calyx::cli {
+
+void Opening::Declare(Options& options) {
+    options.Flag(skipChecks, "--skip-checks", "opens files without checksum, or of other versions, as well");
+}
+
+CIndicator Opening::Open(Program& program, const std::string& file, ReadReport* report) const {
+    CIndicator document(program.Model());
+    ReadReport read = document.Load(file, skipChecks);
+    if (report != nullptr) *report = std::move(read);
+    return document;
+}
+
+CIndicator Opening::OpenForChange(Program& program, const std::string& file) const {
+    ReadReport report;
+    CIndicator document = Open(program, file, &report);
+    const auto& notes = report.Notes();
+    const auto lost = std::count_if(notes.begin(), notes.end(), [](const ReadNote& note) {
+        using Kind = ReadNote::Kind;
+        return note.kind == Kind::TextLine || note.kind == Kind::UnknownKey ||
+               note.kind == Kind::DuplicateKey;
+    });
+    if (lost != 0) {
+        program.Say(Counted(static_cast<std::size_t>(lost), "line", "lines") + " of " + file +
+                    " cannot be kept; check lists them");
+    }
+    return document;
+}
+
+std::string ReadWhole(Program& program, const std::string& file) {
+    try {
+        return program.Model().files->Read(file);
+    } catch (const std::system_error& failure) {
+        throw Error(code::kFileNotReadable, "Calyx.Cli.ReadWhole",
+                    program.Model().texts.Format(code::kFileNotReadable, {file, failure.code().message()}));
+    }
+}
+
+void NeedFree(Program& program, const std::string& file, bool force) {
+    if (force || program.Model().files->Look(file) != IFileStore::Found::File) return;
+    throw UsageError(file + " exists already; --force replaces it");
+}
+
+std::string Place::Heading(const ModelContext& context) const {
+    if (section == nullptr) return "Unknown";
+    std::string heading = context.texts.Text(section->Title());
+    const std::string title = item == nullptr ? std::string() : section->ItemTitle(*item);
+    return title.empty() ? heading : heading + ", " + title;
+}
+
+Place FindPlace(const CIndicator& document, std::string_view key) {
+    Place place;
+    for (const Section* section : document.Sections()) {
+        if (!section->Owns(key)) continue;
+        place.section = section;
+        for (const Item* item : section->Items()) {
+            const auto row = item->Find(key);
+            // A choice on an editor page is no parameter of its own.
+            if (row && item->Info(*row).more.use != Use::Page) return {section, item, *row};
+        }
+    }
+    return place;
+}
+
+void Firmware::Declare(Options& options) {
+    options.Text(prefix, "--firmware", "PREFIX", "as sent to this firmware version, \"3.07.\" or \"3.07\"");
+    options.Flag(cb2, "--cb2", "the indicator has a CB2 board, which takes the lines of every version");
+}
+
+void Firmware::Apply(Program& program) const {
+    TargetVersion& target = program.Model().target;
+    target.cb2 = cb2;
+    if (!prefix) return;
+    if (prefix->empty()) throw UsageError("--firmware is empty; give a version, for example 3.07.");
+    target.prefix = *prefix;
+    if (!target.prefix.ends_with('.')) target.prefix += '.';
+    if (VersionBit(target.prefix) != kUnknownVersion) return;
+    program.Say(target.prefix +
+                " is not a firmware version that this program knows (1.00. to 3.10.); lines that "
+                "only some versions have are left out");
+}
+
+}  // namespace calyx::cli

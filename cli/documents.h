@@ -1,0 +1,48 @@
+#pragma once
+
+#include <string>
+
+#include "cli/options.h"
+#include "cli/program.h"
+#include "model/document/indicator.h"
+
+namespace calyx::cli {
+
+// Opening with or without the checks, as every command that opens files offers it.
+struct Opening {
+    bool skipChecks = false;
+
+    void Declare(Options& options);
+    // Raises what CIndicator::Load raises.
+    CIndicator Open(Program& program, const std::string& file, ReadReport* report = nullptr) const;
+    // For commands that save what they opened: says how many lines of the file will be lost by that.
+    CIndicator OpenForChange(Program& program, const std::string& file) const;
+};
+
+// The bytes of a file that is no configuration. 20001.
+std::string ReadWhole(Program& program, const std::string& file);
+
+// Refuses to write over something unless `force`. Raises UsageError.
+void NeedFree(Program& program, const std::string& file, bool force);
+
+// Where a parameter stands.
+struct Place {
+    const Section* section = nullptr;  // nothing: no section owns the key
+    const Item* item = nullptr;        // nothing: the section owns the key but has no such line
+    std::size_t row = 0;
+
+    std::string Heading(const ModelContext& context) const;  // "General", "Scales, Scale 2"
+};
+Place FindPlace(const CIndicator& document, std::string_view key);
+
+// The lines of the file body, or, where a target is named, those that a download to it may send.
+struct Firmware {
+    std::optional<std::string> prefix;
+    bool cb2 = false;
+
+    void Declare(Options& options);
+    // Makes the target that of the whole program. Says so when the version is not a known one.
+    void Apply(Program& program) const;
+};
+
+}  // namespace calyx::cli

@@ -1,0 +1,109 @@
+#include "cli/link.h"
+
+#include "app/link_settings_store.h"
+#include "cli/exit.h"
+#include "comm/link_texts.h"
+#include "model/language/text.h"
+
+namespace calyx::cli {
+
+namespace {
+
+// "indicator.plant.example:10001", "[::1]:10001".
+void TakeAddress(const std::string& text, LinkSettings& link) {
+    const std::size_t colon = text.rfind(':');
+    const auto port =
+        colon == std::string::npos ? std::nullopt : ReadInteger(std::string_view(text).substr(colon + 1));
+    if (colon == 0 || !port || !port->whole || port->value < 1 || port->value > 65535) {
+        throw UsageError("--tcp " + text + " is not HOST:PORT, for example 192.168.0.20:10001");
+    }
+    link.host = text.substr(0, colon);
+    if (link.host.starts_with('[') && link.host.ends_with(']'))
+        link.host = link.host.substr(1, link.host.size() - 2);
+    link.tcpPort = static_cast<std::uint16_t>(port->value);
+}
+
+void TakeSettings(const std::string& text, LinkSettings& link) {
+    const auto fields = Split(text, ',');
+    if (fields.size() != 4) throw UsageError("--settings " + text + " is not like 9600,N,8,1");
+    link.baud = fields[0];
+    link.parity = fields[1];
+    link.dataBits = fields[2];
+    link.stopBits = fields[3];
+}
+
+LinkSettings StoredSettings(AppContext& app) {
+    return LinkSettingsStore(app.settings, app.model.texts, [&](const Error& error) { app.Record(error); })
+        .Load();
+}
+
+}  // namespace
+
+void LinkOptions::Declare(Options& options) {
+    options.Group("LINK", "LINK, the way to the indicator:");
+    options.Text(tcp, "--tcp", "HOST:PORT", "over TCP/IP");
+    options.Text(serial, "--serial", "DEVICE", "over a serial line (not there yet)");
+    options.Text(settings, "--settings", "9600,N,8,1",
+                 "of the serial line: baud, parity, data bits, stop bits");
+    options.Flag(detect, "--auto", "finds the settings of the serial line");
+    options.Number(address, "--address", "N", "bus address on an addressed serial line", 1, 255);
+    options.Text(search, "--search", "TEXT", "must stand in the indicator's identification");
+    options.Number(delayMs, "--delay-ms", "N", "communication delay, the unit of the waits for a reply", 0,
+                   60000);
+    options.Text(log, "--log", "FILE", "writes all that goes over the link to this file");
+}
+
+LinkSettings LinkOptions::Resolve(const LinkSettings& stored) const {
+    if (tcp && serial) throw UsageError("give --tcp or --serial, not both");
+    if (!Given()) throw UsageError("the way to the indicator is missing; give --tcp HOST:PORT");
+    const bool serialOnly = settings || detect || address;
+    if (tcp && serialOnly) throw UsageError("--settings, --auto and --address are for --serial");
+    LinkSettings link = stored;
+    if (tcp) {
+        TakeAddress(*tcp, link);
+        link.method = comm_method::kTcp;
+    } else {
+        link.port = *serial;
+        link.method = detect ? comm_method::kDetect : address ? comm_method::kAddressed : 0;
+        link.address = address.value_or(link.address);
+        if (settings) TakeSettings(*settings, link);
+    }
+    if (search) link.searchText = *search;
+    if (delayMs) link.delayMs = *delayMs;
+    link.logging = log.has_value();
+    return link;
+}
+
+Link::Link(Program& program, const LinkOptions& options)
+    : program_(program),
+      settings_(options.Resolve(StoredSettings(program.App()))),
+      transports_(program.Model().texts, clock_),
+      comm_({transports_, clock_, *this, program.Model().texts, program.App().cancel,
+             options.log.value_or("")}) {}
+
+Link::~Link() {
+    Disconnect();
+}
+
+std::string Link::Connect() {
+    try {
+        comm_.Connect();
+    } catch (const Error& error) {
+        if (!comm_.IsStreaming()) throw;
+        throw Error(error.Code(), error.Source(), program_.Model().texts.Text(link_text::kStreaming));
+    }
+    std::string reply = comm_.ReadVersion(program_.Model().target);
+    program_.StopIfCancelled();
+    return reply;
+}
+
+void Link::Disconnect() {
+    try {
+        if (comm_.Connected()) comm_.Disconnect();
+    } catch (const Error& trouble) {
+        program_.Say(trouble.Description());
+    }
+    if (const std::string trouble = comm_.LogTrouble(); !trouble.empty()) program_.Say(trouble);
+}
+
+}  // namespace calyx::cli

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "cli/options.h"
+#include "cli/program.h"
+#include "cli/progress.h"
+#include "comm/indicator_comm.h"
+#include "comm/transport_factory.h"
+
+namespace calyx::cli {
+
+// LINK on the command line: which way leads to the indicator. What is not said is as in the program's
+// settings.
+struct LinkOptions {
+    std::optional<std::string> tcp, serial, settings, search, log;
+    std::optional<int> address, delayMs;
+    bool detect = false;
+
+    void Declare(Options& options);
+    bool Given() const { return tcp || serial; }
+    // Raises UsageError.
+    LinkSettings Resolve(const LinkSettings& stored) const;
+};
+
+// The link of one command: connects, and is closed when it ends. One a command.
+class Link final : private ILinkSettingsStore {
+  public:
+    // Raises UsageError.
+    Link(Program& program, const LinkOptions& options);
+    ~Link() override;
+
+    // Connects and lets the target version follow the indicator, whose reply to VERSION is returned.
+    // Raises 12801; Interrupted.
+    std::string Connect();
+    void Disconnect();
+
+    CIndicatorComm& Comm() { return comm_; }
+
+  private:
+    LinkSettings Load() override { return settings_; }
+    // What the command line says is for this command, and the stored settings stay as they are.
+    void Store(const LinkSettings&) override {}
+
+    Program& program_;
+    LinkSettings settings_;
+    SteadyClock clock_;
+    TransportFactory transports_;
+    CIndicatorComm comm_;
+};
+
+}  // namespace calyx::cli

@@ -1,0 +1,181 @@
+#include "cli/reference.h"
+
+#include <algorithm>
+#include <set>
+
+#include "model/document/indicator.h"
+#include "model/language/text.h"
+
+namespace calyx::cli {
+
+namespace {
+
+std::string TextOf(const ModelContext& context, int number) {
+    return number == 0 ? std::string() : context.texts.Text(number);
+}
+
+std::string Number(double value) {
+    std::string text;
+    AppendSingle(text, static_cast<float>(value));
+    return text;
+}
+
+// The number behind the last "#" stands for all items.
+std::string Pattern(const std::string& key) {
+    const std::size_t mark = key.rfind('#');
+    const bool numbered = mark != std::string::npos && mark + 1 < key.size() &&
+                          key.find_first_not_of("0123456789", mark + 1) == std::string::npos;
+    return numbered ? key.substr(0, mark + 1) + "n" : key;
+}
+
+std::string Form(const RowInfo& info, const std::string& initial) {
+    switch (info.kind) {
+        case ValueKind::Text:
+            return info.width == 0 ? "text" : "text, up to " + std::to_string(info.width) + " characters";
+        case ValueKind::Integer:
+            return "whole number";
+        case ValueKind::Decimal:
+            return "number";
+        case ValueKind::Switch:
+            return initial == "True" || initial == "False" ? "True or False" : "ON or OFF";
+        case ValueKind::Date:
+            return "date as MMDDYYYY";
+    }
+    return {};
+}
+
+// A layout may depend on the fields; with every switch on, all that the section can write is written.
+Gate GateOf(const Item& item, std::size_t row) {
+    const auto full = item.Clone();
+    for (std::size_t i = 0; i < full->RowCount(); ++i) {
+        const bool isSwitch = full->Info(i).kind == ValueKind::Switch && full->Info(i).more.use == Use::Line;
+        if (isSwitch) full->Take(i, full->Text(i) == "False" ? "True" : "ON");
+    }
+    return item.GateOf(row) | full->GateOf(row);
+}
+
+bool HasLine(const std::string& text, const std::string& key) {
+    const auto lines = ReadLines(text);
+    return std::any_of(lines.begin(), lines.end(), [&key](const KeyValue& line) { return line.key == key; });
+}
+
+// Which versions receive the parameter.
+std::string Receivers(const Section& section, const Item& item, std::size_t row) {
+    if (item.Info(row).more.use == Use::ReadOnly) return "never sent, read only";
+    const std::string key = item.Key(row);
+    const bool inFileOnly = HasLine(section.StoreState(), key) && !HasLine(section.GetTextOutput(true), key);
+    return inFileOnly ? "never sent, in the file only" : Words(GateOf(item, row));
+}
+
+Parameter Describe(const ModelContext& context, const Section& section, const Item& item, std::size_t row) {
+    const RowInfo& info = item.Info(row);
+    Parameter p;
+    p.section = section.Name();
+    p.sectionTitle = context.texts.Text(section.Title());
+    p.heading = TextOf(context, info.more.group);
+    p.key = Pattern(item.Key(row));
+    p.label = TextOf(context, info.more.label);
+    p.help = TextOf(context, info.more.help);
+    p.initial = item.Text(row);
+    p.form = Form(info, p.initial);
+    if (info.more.HasRange()) p.range = Number(info.more.min) + " to " + Number(info.more.max);
+    p.unit = info.more.unit;
+    if (const CTextList* list = item.List(row)) {
+        p.list = info.more.listOf != nullptr ? info.more.listOf(item.Number()) : info.more.list;
+        for (const auto& entry : *list) p.words.push_back({entry.key, entry.text});
+    }
+    p.firmware = Receivers(section, item, row);
+    return p;
+}
+
+std::string Code(std::string_view text) {
+    return "`" + std::string(text) + "`";
+}
+
+// What stands in a cell of a table: a bar would end it.
+std::string Cell(std::string_view text) {
+    std::string cell;
+    for (const char c : text) {
+        if (c == '|') cell += '\\';
+        cell += c == '\n' ? ' ' : c;
+    }
+    return cell;
+}
+
+std::string ValueCell(const Parameter& p) {
+    if (p.words.empty()) {
+        std::string cell = p.form;
+        if (!p.range.empty()) cell += ", " + p.range;
+        return p.unit.empty() ? cell : cell + " " + p.unit;
+    }
+    std::string cell;
+    for (const auto& word : p.words) cell += (cell.empty() ? "" : ", ") + Code(word.key) + " " + word.text;
+    return cell + " (list " + p.list + ")";
+}
+
+void AppendTable(std::string& out, const std::vector<Parameter>& parameters, const std::string& section,
+                 const std::string& heading) {
+    out += "\n### " + (heading.empty() ? "Further lines" : heading) +
+           "\n\n| Key | Meaning | Value | Default | Firmware |\n|---|---|---|---|---|\n";
+    for (const Parameter& p : parameters) {
+        if (p.section != section || p.heading != heading) continue;
+        out += "| " + Code(p.key) + " | " + Cell("**" + p.label + ".** " + p.help) + " | " +
+               Cell(ValueCell(p)) + " | " + (p.initial.empty() ? "empty" : Cell(Code(p.initial))) + " | " +
+               p.firmware + " |\n";
+    }
+}
+
+// The headings of a section in the order of their first parameter; what the page does not show comes last.
+std::vector<std::string> Headings(const std::vector<Parameter>& parameters, const std::string& section) {
+    std::vector<std::string> headings;
+    std::set<std::string> seen{""};
+    bool further = false;
+    for (const Parameter& p : parameters) {
+        if (p.section != section) continue;
+        further = further || p.heading.empty();
+        if (seen.insert(p.heading).second) headings.push_back(p.heading);
+    }
+    if (further) headings.emplace_back();
+    return headings;
+}
+
+}  // namespace
+
+std::vector<Parameter> CollectReference(const ModelContext& context) {
+    CIndicator document(context);
+    document.Initialize();
+    std::vector<Parameter> parameters;
+    std::set<std::string> seen;
+    for (const Section* section : std::as_const(document).Sections()) {
+        for (const Item* item : section->Items()) {
+            for (std::size_t row = 0; row < item->RowCount(); ++row) {
+                // A choice on an editor page stands for other lines, which are here themselves.
+                if (item->Info(row).more.use == Use::Page) continue;
+                if (seen.insert(Pattern(item->Key(row))).second) {
+                    parameters.push_back(Describe(context, *section, *item, row));
+                }
+            }
+        }
+    }
+    return parameters;
+}
+
+std::string ReferenceMarkdown(const std::vector<Parameter>& parameters) {
+    std::string out =
+        "# Parameters\n\n"
+        "Every parameter that the program knows by itself, made from its tables by `calyx-cli keys "
+        "--markdown`.\n"
+        "A line is written `KEY=VALUE`. \"Firmware\" names the versions that receive the line in a download; "
+        "the\n"
+        "file holds it always. Lines of sections that are not listed here are kept as they are.\n";
+    std::set<std::string> done;
+    for (const Parameter& p : parameters) {
+        if (!done.insert(p.section).second) continue;
+        out += "\n## " + p.sectionTitle + "\n";
+        for (const std::string& heading : Headings(parameters, p.section))
+            AppendTable(out, parameters, p.section, heading);
+    }
+    return out;
+}
+
+}  // namespace calyx::cli

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <atomic>
+#include <string>
+#include <vector>
+
+#include "comm/download_plan.h"
+#include "comm/indicator_comm.h"
+
+namespace calyx {
+
+// A line that the indicator did not accept, and why.
+struct FailedLine {
+    std::string line;
+    std::string reason;
+};
+
+struct DownloadReport {
+    enum class End { Complete, Failed, Aborted, NotInSetupMode, Lost };
+
+    End end = End::Failed;
+    std::string status;  // the final status, in words
+    int total = 0;       // lines that were to be sent
+    int accepted = 0;
+    std::vector<FailedLine> failed;
+};
+
+// What a download shows while it runs.
+class IDownloadEvents {
+  public:
+    virtual ~IDownloadEvents() = default;
+    virtual void Status(const std::string& /*text*/) {}
+    // Before each line; `number` counts from 1.
+    virtual void Line(const std::string& /*line*/, int /*number*/, int /*total*/) {}
+    // After each failed line: "Errors: 3".
+    virtual void Errors(const std::string& /*text*/) {}
+    // A message that a window shows in a box; the title may be empty.
+    virtual void Notice(const std::string& /*title*/, const std::string& /*text*/) {}
+};
+
+// Sends a document to a connected indicator, step by step. One run at a time.
+//
+// A refused line is counted and the download goes on, unless it is to halt on errors. It ends with the
+// first step that fails, when the indicator is not in setup mode, on Abort or the program's cancel
+// flag, and at once when the link is lost. An aborted line is no error of the indicator's.
+class CDownload : private IDownload, private ILineSender, private ILinkEvents {
+  public:
+    CDownload(CIndicatorComm& link, const CancelFlag& cancel, IDownloadEvents& events)
+        : link_(link), cancel_(cancel), events_(events) {}
+
+    // Sends what the options choose, gated for `target`. Raises 10006 for a document without sections
+    // and what PlanDownload raises, before anything is sent.
+    DownloadReport Run(const CIndicator& document, const DownloadOptions& options, const Target& target);
+    // Ends the run, the line in flight included. For event handlers and other threads.
+    void Abort() { abort_ = true; }
+
+    bool ErrorAction(const std::string& failedLine) override;
+
+  private:
+    bool SendLine(std::string_view line) override;
+    void CancelSendData(bool& cancel) override { cancel |= Stopped(); }
+
+    bool Stopped() const { return abort_ || cancel_; }
+    bool RunStep(const DownloadStep& step);
+    bool InSetupMode();
+    bool SendStepLines(const DownloadStep& step);
+    std::string Reason() const;
+    void Finish(bool success);
+
+    CIndicatorComm& link_;
+    const CancelFlag& cancel_;
+    IDownloadEvents& events_;
+    std::atomic<bool> abort_{false};
+
+    // Of the present run.
+    const ResourceTexts* texts_ = nullptr;
+    const DownloadOptions* options_ = nullptr;
+    const DownloadStep* step_ = nullptr;
+    DownloadReport report_;
+    SendResult last_ = SendResult::Accepted;
+    int number_ = 0;      // of the line in the run
+    int stepNumber_ = 0;  // of the line in its step
+};
+
+// "Errors: 3".
+std::string ErrorsText(std::size_t count);
+// Asked after a run with failed lines.
+std::string ViewErrorsQuestion(std::size_t count);
+
+}  // namespace calyx

@@ -1,0 +1,70 @@
+#include "comm/upload.h"
+
+#include <system_error>
+
+#include "comm/link_texts.h"
+#include "model/language/error.h"
+#include "model/language/text.h"
+
+namespace calyx {
+
+namespace {
+
+// Passes the link's progress on for as long as it lives.
+class Watch : private ILinkEvents {
+  public:
+    Watch(CIndicatorComm& link, IUploadEvents& events) : events_(events), observer_(link, *this) {}
+
+  private:
+    void Receiving(std::size_t characters) override { events_.Received(characters); }
+    void CancelGetData(bool& cancel) override { cancel |= events_.Cancelled(); }
+    void CancelSendData(bool& cancel) override { cancel |= events_.Cancelled(); }
+
+    IUploadEvents& events_;
+    LinkObserver observer_;
+};
+
+bool HoldsParameters(std::string_view text) {
+    bool found = false;
+    ForEachLine(text, [&found](std::string_view line) { found |= line.find('=') != std::string_view::npos; });
+    return found;
+}
+
+}  // namespace
+
+UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
+                    IUploadEvents& events) {
+    using End = UploadReport::End;
+    constexpr Gate kReadableAnyTime = Since("3.06.");
+    if (link.CheckForStreaming()) return {End::Streaming, {}, texts.Text(link_text::kStreaming)};
+
+    const Watch watch(link, events);
+    // The version alone counts here, on purpose: the CB2 flag opens lines, it does not make a dump
+    // possible.
+    if (!target.Gated().Knows(kReadableAnyTime)) {
+        const SendResult probe = link.AskForSetupMode();
+        if (probe == SendResult::Cancelled) return {End::Cancelled, {}, {}};
+        if (probe == SendResult::Refused || probe == SendResult::NoAnswer) {
+            return {End::NotInSetupMode, {}, texts.Text(link_text::kNotInSetupMode)};
+        }
+    }
+    events.Status(texts.Text(link_text::kReading));
+    auto reply = link.GetData("DUMPALL\r");
+    if (!reply) return {End::Cancelled, {}, {}};
+    // An empty answer or a refusal must not replace a file.
+    if (!HoldsParameters(*reply)) return {End::NoDump, {}, texts.Text(link_text::kNoDump)};
+    events.Received(reply->size());
+    return {End::Complete, std::move(*reply), {}};
+}
+
+void WriteUpload(IFileStore& files, const ResourceTexts& texts, const std::string& path,
+                 const std::string& text) {
+    try {
+        files.Replace(path, text);
+    } catch (const std::system_error& error) {
+        throw Error(code::kFileNotWritten, "Calyx.WriteUpload",
+                    texts.Format(code::kFileNotWritten, {path, error.code().message()}));
+    }
+}
+
+}  // namespace calyx

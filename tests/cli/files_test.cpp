@@ -1,0 +1,155 @@
+// A configuration made, changed, compared and merged by the commands.
+
+#include <gtest/gtest.h>
+
+#include "cli/json.h"
+#include "tests/cli/cli_fixture.h"
+
+namespace calyx::cli {
+namespace {
+
+class Files : public CliTest {
+  protected:
+    void SetUp() override { ASSERT_EQ(Run("new ~a.mrn").code, 0); }
+};
+
+TEST_F(Files, NewSetGetTextDiff) {
+    Expect({
+        {"check ~a.mrn", 0, "0 lines passed over or changed, 0 broken rules", ""},
+        {"get ~a.mrn TRUCK", 0, "OFF\n", ""},
+        {"set ~a.mrn TRUCK=MODE1 UID=GATE-N --output ~b.mrn", 0, "TRUCK: \"OFF\" -> \"MODE1\"", ""},
+        {"get ~a.mrn TRUCK", 0, "OFF\n", ""},
+        {"get ~b.mrn truck UID NOSUCH", 1, "TRUCK=MODE1\nUID=GATE-N\n", "there is no parameter NOSUCH"},
+        {"get ~b.mrn SC.GRADS#1", 1, "", "the file has no line SC.GRADS#1"},
+        {"diff ~a.mrn ~a.mrn", 0, "", "no differences"},
+        {"diff ~a.mrn --defaults", 0, "", "no differences"},
+        {"new ~b.mrn --force", 0, "", ""},
+        {"get ~b.mrn UID", 0, "1\n", ""},
+    });
+    EXPECT_EQ(Run({"set", File("a.mrn"), "CONTACT.NAME1= B. Holm "}).code, 0);
+    EXPECT_EQ(Out("get ~a.mrn CONTACT.NAME1"), " B. Holm \n");
+    EXPECT_EQ(Out("diff ~a.mrn ~b.mrn"), "General\n  CONTACT.NAME1: \" B. Holm \" -> \"\"\n");
+    EXPECT_EQ(Out("diff ~b.mrn ~a.mrn --defaults"),
+              "General\n  CONTACT.NAME1: \"\" -> \" B. Holm \" (default \"\")\n");
+    const Json changes = Json::parse(Out("diff ~b.mrn ~a.mrn --json"));
+    EXPECT_EQ(changes.dump(),
+              R"([{"section":"general","item":0,"key":"CONTACT.NAME1","before":"","after":" B. Holm "}])");
+}
+
+TEST_F(Files, SetTakesWhatItCanAndSaysWhatNot) {
+    const std::string before = Read("a.mrn");
+    Expect({{"set ~a.mrn DSPRATE=9 NOSUCH=1 TRUCK=MODE9", 1, "", "nothing was written"}});
+    EXPECT_EQ(Read("a.mrn"), before);
+    const Ran ran = Run("set ~a.mrn DSPRATE=9 NOSUCH=1 TRUCK=MODE9 CFGPWD=x UID=123456789 SPPWD=42");
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_EQ(ran.out, "General\n  SPPWD: \"0\" -> \"42\"\n  UID: \"1\" -> \"12345678\"\n");
+    for (const auto* line : {"DSPRATE=9: ", "NOSUCH=1: ", "TRUCK=MODE9: ", "CFGPWD=x: ", "UID=123456789: "}) {
+        EXPECT_TRUE(Contains(ran.err, std::string("calyx-cli: ") + line)) << ran.err;
+    }
+    // A line end would make two lines of one.
+    EXPECT_EQ(Run({"set", File("a.mrn"), "UID=2\r\nTRUCK=MODE1"}).code, 2);
+    EXPECT_EQ(Out("get ~a.mrn UID TRUCK"), "UID=12345678\nTRUCK=OFF\n");
+}
+
+TEST_F(Files, SetTakesThousandsOfArgumentsAndLinesOfAFile) {
+    std::vector<std::string> arguments{"set", File("a.mrn")};
+    std::string lines = "; widgets\r\n\r\n@CODFile=x\r\n[BEGIN]\r\n";
+    for (int i = 1; i <= 2000; ++i) {
+        arguments.push_back("SC.ALIAS#" + std::to_string(i) + "=S" + std::to_string(i));
+        lines += "WDGT#" + std::to_string(i) + "=LABEL\r\n";
+    }
+    EXPECT_EQ(Run(arguments).code, 0);
+    Put("lines.txt", lines + "NO LINE\n");
+    Expect({{"set ~a.mrn UID=7 --from ~lines.txt", 1, "UID: \"1\" -> \"7\"", "NO LINE"}});
+    input = "UID=8\nTRUCK=MODE2\n";
+    Expect({{"set ~a.mrn --from -", 0, "", ""}, {"check ~a.mrn", 0, "", ""}});
+    EXPECT_EQ(Out("get ~a.mrn UID TRUCK SC.ALIAS#2000 WDGT#2000"),
+              "UID=8\nTRUCK=MODE2\nSC.ALIAS#2000=S2000\nWDGT#2000=LABEL\n");
+}
+
+TEST_F(Files, TextIsTheBodyOrWhatAVersionReceives) {
+    const std::string body = Out("text ~a.mrn");
+    std::string file = Read("a.mrn");
+    std::erase(file, '\r');
+    EXPECT_TRUE(Contains(file, "[BEGIN]\n" + body + "[END]"));
+
+    const std::string old = Out("text ~a.mrn --firmware 1.04.");
+    EXPECT_FALSE(Contains(old, "VERSION=") || Contains(old, "REGWORD=") || Contains(old, "CONTACT."));
+    EXPECT_EQ(Out("text ~a.mrn --firmware 3.05"), Out("text ~a.mrn --firmware 3.05."));
+    EXPECT_EQ("VERSION=3.10.00\n" + Out("text ~a.mrn --firmware 1.04. --cb2"), body);
+    EXPECT_EQ(Out("text ~a.mrn --firmware 2.04."), old);
+    Expect({{"text ~a.mrn --firmware 2.04.", 0, "", "2.04. is not a firmware version"}});
+
+    const std::string scales = Out("text @truck-scale --skip-checks --section scales");
+    EXPECT_TRUE(Contains(scales, "SC.WVAL#1="));
+    EXPECT_FALSE(Contains(Out("text @truck-scale --skip-checks --firmware 3.10."), "SC.WVAL#1="));
+    const Json lines = Json::parse(Out("text ~a.mrn --json"));
+    EXPECT_EQ(lines.at(1).dump(), R"({"section":"general","key":"BATCHNG","value":"OFF"})");
+}
+
+TEST_F(Files, MergeTakesChosenLines) {
+    ASSERT_EQ(Run("set ~a.mrn UID=A SC.GRADS#1=1000 SC.GRADS#2=2000 --output ~b.mrn").code, 0);
+    ASSERT_EQ(Run("set ~a.mrn SPPWD=5 SC.GRADS#3=3000").code, 0);
+    const std::string before = Read("a.mrn");
+    Expect({
+        {"merge ~a.mrn ~b.mrn --keys DB.* --output ~a.mrn", 1, "", "has no line for DB.*"},
+        {"merge ~a.mrn ~b.mrn --keys sc.grads#? DB.* --output ~c.mrn", 1, "", "DB.*"},
+        {"get ~c.mrn UID SPPWD SC.GRADS#2 SC.GRADS#3", 0,
+         "UID=1\nSPPWD=5\nSC.GRADS#2=2000\nSC.GRADS#3=3000\n", ""},
+        {"merge ~a.mrn ~b.mrn --output ~c.mrn", 0, "UID: \"1\" -> \"A\"", ""},
+        {"get ~c.mrn UID SPPWD SC.GRADS#3", 0, "UID=A\nSPPWD=0\nSC.GRADS#3=3000\n", ""},
+    });
+    EXPECT_EQ(Read("a.mrn"), before);
+}
+
+TEST_F(Files, EightBitTextSurvivesAndIsReadableAsJson) {
+    ASSERT_EQ(Run({"set", File("a.mrn"), "CONTACT.COMPANY=M\xFCller \x80"}).code, 0);
+    EXPECT_EQ(Out("get ~a.mrn CONTACT.COMPANY"), "M\xFCller \x80\n");
+    EXPECT_EQ(Json::parse(Out("get ~a.mrn CONTACT.COMPANY --json")).at("CONTACT.COMPANY"),
+              "M\xC3\xBCller \xE2\x82\xAC");
+    ASSERT_EQ(Run({"set", File("a.mrn"), "CONTACT.COMPANY=M\xC3\xBCller"}).code, 0);
+    EXPECT_EQ(Json::parse(Out("get ~a.mrn CONTACT.COMPANY --json")).at("CONTACT.COMPANY"), "M\xC3\xBCller");
+}
+
+TEST_F(Files, CheckReportsWhatReadingChangedAndBrokenRules) {
+    Put("bad.mrn",
+        "# a comment\nno parameter\nTRUCK=MODE9\nCFGPWD=12x\nSPPWD=x\nUID=123456789\nNOSUCH=1\nTRUCK=MODE1\n"
+        "DSPRATE=9\nALERT.SERV=1.2\n");
+    const Ran ran = Run("check ~bad.mrn --skip-checks");
+    EXPECT_EQ(ran.code, 1);
+    for (const auto* line : {
+             "line 1: a comment, not kept: \"# a comment\"",
+             "line 2: no parameter line, not kept: \"no parameter\"",
+             "line 3: TRUCK: \"MODE9\" is not in its list; became \"OFF\"",
+             "line 4: CFGPWD: only the start of \"12x\" was read; became \"12\"",
+             "line 5: SPPWD: \"x\" is not understood; became \"0\"",
+             "line 6: UID: \"123456789\" is too long; became \"12345678\"",
+             "line 7: NOSUCH is no known parameter, not kept: \"1\"",
+             "line 8: TRUCK stands there again, passed over: \"MODE1\"; the first one counts: \"MODE9\"",
+             "general DSPRATE: ",
+             "general ALERT.SERV: ",
+             "8 lines passed over or changed, 2 broken rules",
+         }) {
+        EXPECT_TRUE(Contains(ran.out, line)) << line << '\n' << ran.out;
+    }
+    const Json report = Json::parse(Out("check ~bad.mrn --skip-checks --json"));
+    EXPECT_EQ(report.at("notes").size(), 8u);
+    EXPECT_EQ(report.at("brokenRules").at(1).at("key"), "ALERT.SERV");
+
+    Put("comment.mrn", "; only a comment\nUID=3\n");
+    Expect({{"check ~comment.mrn --skip-checks", 0, "line 1: a comment", ""},
+            {"set ~comment.mrn --skip-checks UID=4", 0, "", "1 line of "},
+            {"check ~comment.mrn", 0, "", ""}});
+}
+
+TEST_F(Files, SamplesAreWholeButHandWritten) {
+    for (const auto* sample : {"@batching-plant", "@checkweigher-line", "@silo", "@truck-scale"}) {
+        Expect({{std::string("check ") + sample, 3, "",
+                 "calyx-cli: error 10012 (0x8004271C) in Calyx.CIndicator.Load: "},
+                {std::string("check ") + sample, 3, "", "--skip-checks opens it all the same"},
+                {std::string("check --skip-checks ") + sample, 0, "0 broken rules", ""}});
+    }
+}
+
+}  // namespace
+}  // namespace calyx::cli
