@@ -28,7 +28,9 @@ find_path(CALYX_ASIO_INCLUDE asio.hpp REQUIRED)
 add_library(calyx_asio INTERFACE)
 add_library(asio::asio ALIAS calyx_asio)
 target_include_directories(calyx_asio SYSTEM INTERFACE ${CALYX_ASIO_INCLUDE})
-target_compile_definitions(calyx_asio INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED)
+# One way of allocating in every file: what Asio chooses by itself depends on the headers before it.
+target_compile_definitions(calyx_asio INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED
+  ASIO_DISABLE_STD_ALIGNED_ALLOC)
 target_link_libraries(calyx_asio INTERFACE Threads::Threads)
 
 # calyx_room(NAME calyx_x SOURCES ... LINKS ...): a static library.

@@ -19,7 +19,7 @@ calyx set "$sample" UID=GATE-N --skip-checks --output "$folder/gate.mrn"
 calyx check "$folder/gate.mrn"
 
 step "Start a simulated indicator"
-calyx simulate --tcp 0 >"$folder/simulator.txt" &
+"$cli" --data-dir data --user-dir "$folder/user" simulate --tcp 0 >"$folder/simulator.txt" &
 simulator=$!
 for _ in $(seq 100); do grep -q listening "$folder/simulator.txt" && break; sleep 0.05; done
 address=$(sed -n 's/^listening on //p' "$folder/simulator.txt")

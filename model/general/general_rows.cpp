@@ -113,9 +113,13 @@ constexpr Row<K> kKeyLockRows[] = {
     KeyLock<20>("K8"),    KeyLock<21>("K9"),
 };
 constexpr Lines keyLines{kKeyLockRows};
+bool HasContent(const K& fields) {
+    return fields.HasContent();
+}
 constexpr auto kKeyLockLayout =
-    keyLines("KZERO", "KGROSSNET", "KTARE", "KUNITS", "KPRINT", "KUP", "KDOWN", "KLEFT", "KRIGHT", "KENTER",
-             "KCLR", "KDOT", "K0", "K1", "K2", "K3", "K4", "K5", "K6", "K7", "K8", "K9");
+    When(HasContent,
+         keyLines("KZERO", "KGROSSNET", "KTARE", "KUNITS", "KPRINT", "KUP", "KDOWN", "KLEFT", "KRIGHT",
+                  "KENTER", "KCLR", "KDOT", "K0", "K1", "K2", "K3", "K4", "K5", "K6", "K7", "K8", "K9"));
 
 constexpr Row<VersionFields> kVersionRows[] = {
     row<&VersionFields::version, kFreeText>("VERSION", "", {.label = 2050, .help = 2250}),
@@ -126,9 +130,8 @@ constexpr auto kVersionLayout = versionLines("VERSION");
 }  // namespace
 
 constexpr RowTable<GeneralFields> kGeneralTable{kRows, [](const F&) { return Layout<F>(kLayout); }};
-constexpr RowTable<KeyLockFields> kKeyLockTable{
-    kKeyLockRows,
-    [](const K& fields) { return fields.HasContent() ? Layout<K>(kKeyLockLayout) : Layout<K>(); }, "KLOCK."};
+constexpr RowTable<KeyLockFields> kKeyLockTable{kKeyLockRows,
+                                                [](const K&) { return Layout<K>(kKeyLockLayout); }, "KLOCK."};
 constexpr RowTable<VersionFields> kVersionTable{
     kVersionRows, [](const VersionFields&) { return Layout<VersionFields>(kVersionLayout); }};
 
