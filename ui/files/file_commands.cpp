@@ -1,0 +1,223 @@
+#include "ui/files/file_commands.h"
+
+#include <QDir>
+#include <QFileInfo>
+
+#include "ui/files/listing.h"
+#include "ui/panes/ctl_report.h"
+#include "ui/text.h"
+#include "ui/texts.h"
+
+namespace calyx::ui {
+
+namespace {
+
+constexpr int kConfigurations = 111;  // resource texts of file filters
+constexpr int kAllFiles = 112;
+constexpr const char* kNewName = "Untitled.mrn";
+
+bool CanBeOpenedAnyway(int errorCode) {
+    return errorCode == code::kChecksum || errorCode == code::kNoChecksum || errorCode == code::kFileRevision ||
+           errorCode == code::kIndicatorRevision;
+}
+
+}  // namespace
+
+FileCommands::FileCommands(AppContext& app, DocumentSession& session, Dialogs& dialogs, QWidget* window)
+    : app_(app), recent_(app.settings), session_(session), dialogs_(dialogs), window_(window) {}
+
+QString FileCommands::Name() const {
+    const CIndicator& document = session_.Document();
+    if (document.IsNew()) return Say(app_.model.texts, say::kUntitled);
+    return QFileInfo(Shown(document.Filename())).fileName();
+}
+
+QString FileCommands::Folder() const {
+    const QString last = Shown(app_.settings.LastFolder);
+    return last.isEmpty() || !QDir(last).exists() ? QDir::homePath() : last;
+}
+
+QStringList FileCommands::ConfigurationFilters() const {
+    return {Say(app_.model.texts, kConfigurations) + QStringLiteral(" (*.mrn)"),
+            Say(app_.model.texts, kAllFiles) + QStringLiteral(" (*.*)")};
+}
+
+QStringList FileCommands::Recent() const {
+    QStringList files;
+    for (const std::string& file : recent_.Files()) files += Shown(file);
+    return files;
+}
+
+void FileCommands::New() {
+    if (!MayLeave()) return;
+    saved_ = false;
+    notKept_ = 0;
+    session_.New();
+    emit Opened();
+}
+
+void FileCommands::Open() {
+    if (!MayLeave()) return;
+    const QString path = dialogs_.AskOpenFile(
+        window_, {Say(app_.model.texts, say::kOpenTitle), Folder(), ConfigurationFilters(), QStringLiteral("mrn")});
+    if (!path.isEmpty()) OpenPath(path);
+}
+
+bool FileCommands::OpenPath(const QString& path, bool anyway) {
+    const std::string file = Utf8(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+    try {
+        session_.Open(file, anyway);
+    } catch (const Error& error) {
+        app_.Record(error);
+        if (CanBeOpenedAnyway(error.Code())) return AskOpenAnyway(error) == 0 && OpenPath(path, true);
+        Fail(say::kOpenFailed, error);
+        recent_.Remove(file);
+        emit RecentChanged();
+        return false;
+    }
+    saved_ = false;
+    at_ = QTime::currentTime();
+    notKept_ = LinesNotKept(session_.Report());
+    Remember(Shown(file));
+    emit Opened();
+    return true;
+}
+
+int FileCommands::AskOpenAnyway(const Error& error) {
+    const ResourceTexts& texts = app_.model.texts;
+    return dialogs_.Ask(window_, {Tone::Warning,
+                                  Say(texts, say::kOpenFailed),
+                                  Shown(error.Description()),
+                                  ErrorNumber(texts, error) + QStringLiteral("\n\n") + Say(texts, say::kOpenAnywayHint),
+                                  {Say(texts, say::kOpenAnyway), Say(texts, say::kCancel)}});
+}
+
+bool FileCommands::Save() {
+    if (session_.Document().IsNew()) return SaveAs();
+    switch (AskDropLines()) {
+        case Drop::Go:
+            return SaveTo(Shown(session_.Document().Filename()));
+        case Drop::Elsewhere:
+            return SaveAs();
+        case Drop::Cancel:
+            break;
+    }
+    return false;
+}
+
+bool FileCommands::SaveAs() {
+    const QString name = session_.Document().IsNew() ? QString::fromLatin1(kNewName) : Name();
+    const QString path = AskTarget(say::kSaveTitle, name, ConfigurationFilters(), QStringLiteral("mrn"));
+    return !path.isEmpty() && SaveTo(path);
+}
+
+// Comments and unknown lines of the file that was opened have no place in the document.
+FileCommands::Drop FileCommands::AskDropLines() {
+    if (notKept_ == 0) return Drop::Go;
+    const ResourceTexts& texts = app_.model.texts;
+    const int answer = dialogs_.Ask(
+        window_, {Tone::Warning,
+                  Say(texts, say::kLosesTitle),
+                  Say(texts, say::kLoses, Name(), QString::number(notKept_)),
+                  {},
+                  {Say(texts, say::kSaveWithout), Say(texts, say::kSaveElsewhere), Say(texts, say::kCancel)}});
+    return static_cast<Drop>(answer);
+}
+
+bool FileCommands::SaveTo(const QString& path) {
+    try {
+        session_.Save(Utf8(QDir::toNativeSeparators(path)));
+    } catch (const Error& error) {
+        Fail(say::kSaveFailed, error);
+        return false;
+    }
+    saved_ = true;
+    notKept_ = 0;
+    at_ = QTime::currentTime();
+    Remember(path);
+    emit Told(Say(app_.model.texts, say::kWritten, path));
+    return true;
+}
+
+void FileCommands::SaveCopy() {
+    const QString name = PathWithout(QStringLiteral("-copy.mrn"));
+    const QString path = AskTarget(say::kSaveCopyTitle, name, ConfigurationFilters(), QStringLiteral("mrn"));
+    WriteFile(path, say::kSaveFailed, [&] { session_.Document().Save(Utf8(path), true); });
+}
+
+void FileCommands::PrintListing() {
+    const ResourceTexts& texts = app_.model.texts;
+    const QString path = AskTarget(say::kPrintTitle, PathWithout(QStringLiteral(".pdf")),
+                                   {Say(texts, say::kPdfFiles) + QStringLiteral(" (*.pdf)"),
+                                    Say(texts, say::kTextFiles) + QStringLiteral(" (*.txt)")},
+                                   QStringLiteral("pdf"));
+    WriteFile(path, say::kSaveFailed, [&] { WriteListing(app_, session_.Document(), Name(), path); });
+}
+
+void FileCommands::GenerateImportFile() {
+    const ResourceTexts& texts = app_.model.texts;
+    const QString path = AskTarget(say::kImportTitle, PathWithout(QStringLiteral(".src")),
+                                   {Say(texts, say::kImportFiles) + QStringLiteral(" (*.src)"),
+                                    Say(texts, kAllFiles) + QStringLiteral(" (*.*)")},
+                                   QStringLiteral("src"));
+    WriteFile(path, say::kSaveFailed, [&] { session_.Document().GenerateImportFile(Utf8(path)); });
+}
+
+bool FileCommands::MayLeave() {
+    if (!session_.Document().IsDirty()) return true;
+    const ResourceTexts& texts = app_.model.texts;
+    const int answer = dialogs_.Ask(
+        window_, {Tone::Warning,
+                  Say(texts, say::kUnsavedTitle),
+                  Say(texts, say::kUnsaved, Name(), QString::number(session_.ChangesSinceSave().Count())),
+                  {},
+                  {Say(texts, say::kSaveVerb), Say(texts, say::kDiscard), Say(texts, say::kCancel)}});
+    return answer == 1 || (answer == 0 && Save());
+}
+
+// A path to write to, with the leave to replace what is there; empty: cancelled.
+QString FileCommands::AskTarget(int title, const QString& name, const QStringList& filters, const QString& suffix) {
+    const ResourceTexts& texts = app_.model.texts;
+    const QString path =
+        dialogs_.AskSaveFile(window_, {Say(texts, title), QDir(Folder()).filePath(name), filters, suffix});
+    return path.isEmpty() || AskReplace(dialogs_, texts, window_, path) ? path : QString();
+}
+
+template <class Write>
+void FileCommands::WriteFile(const QString& path, int title, Write&& write) {
+    if (path.isEmpty()) return;
+    try {
+        write();
+        emit Told(Say(app_.model.texts, say::kWritten, path));
+    } catch (const Error& error) {
+        Fail(title, error);
+    }
+}
+
+void FileCommands::Fail(int title, const Error& error) {
+    app_.Record(error);
+    TellError(dialogs_, app_.model.texts, window_, Say(app_.model.texts, title), error);
+}
+
+void FileCommands::Remember(const QString& path) {
+    recent_.Add(Utf8(path));
+    app_.settings.LastFolder = Utf8(QFileInfo(path).absolutePath());
+    SaveSettings();
+    emit RecentChanged();
+}
+
+// A list of recent files that cannot be kept stops nobody from working.
+void FileCommands::SaveSettings() {
+    try {
+        app_.settings.Save();
+    } catch (const Error& error) {
+        app_.Record(error);
+    }
+}
+
+QString FileCommands::PathWithout(const QString& suffix) const {
+    const QString name = session_.Document().IsNew() ? QString::fromLatin1(kNewName) : Name();
+    return QFileInfo(name).completeBaseName() + suffix;
+}
+
+}  // namespace calyx::ui

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QTime>
+
+#include "app/context.h"
+#include "app/recent_files.h"
+#include "ui/dialogs/dialogs.h"
+#include "ui/document_session.h"
+
+namespace calyx::ui {
+
+// The commands of the File menu, with their questions and messages.
+class FileCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    FileCommands(AppContext& app, DocumentSession& session, Dialogs& dialogs, QWidget* window);
+
+    void New();
+    void Open();
+    // False when it was not opened, for whatever reason; the user was told. `anyway` skips the checks
+    // without a question.
+    bool OpenPath(const QString& path, bool anyway = false);
+    bool Save();  // false: not saved
+    bool SaveAs();
+    void SaveCopy();
+    void PrintListing();
+    void GenerateImportFile();
+
+    // Whether the document may be left: it has no changes, or the user has saved or discarded them.
+    bool MayLeave();
+
+    QString Name() const;                        // of the file, without its folder
+    QString Folder() const;                      // where file dialogs begin
+    QStringList ConfigurationFilters() const;    // of file dialogs
+    QStringList Recent() const;
+    const QTime& At() const { return at_; }      // of the last save, or of the opening
+    bool SavedSinceOpened() const { return saved_; }
+
+  signals:
+    void RecentChanged();
+    void Told(const QString& message);
+    void Opened();
+
+  private:
+    bool SaveTo(const QString& path);
+    enum class Drop { Go, Elsewhere, Cancel };
+    Drop AskDropLines();
+    int AskOpenAnyway(const Error& error);
+    QString AskTarget(int title, const QString& name, const QStringList& filters, const QString& suffix);
+    void Fail(int title, const Error& error);
+    template <class Write>
+    void WriteFile(const QString& path, int title, Write&& write);
+    void Remember(const QString& path);
+    void SaveSettings();
+    QString PathWithout(const QString& suffix) const;
+
+    AppContext& app_;
+    CMRU recent_;
+    DocumentSession& session_;
+    Dialogs& dialogs_;
+    QWidget* window_;
+    QTime at_;
+    bool saved_ = false;
+    std::size_t notKept_ = 0;  // lines of the opened file that saving over it would drop
+};
+
+}  // namespace calyx::ui

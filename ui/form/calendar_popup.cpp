@@ -1,0 +1,57 @@
+#include "ui/form/calendar_popup.h"
+
+#include <QCalendarWidget>
+#include <QPushButton>
+#include <QScreen>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/form/form_texts.h"
+#include "ui/theme/metrics.h"
+
+namespace calyx::ui::form {
+
+CalendarPopup::CalendarPopup(const ResourceTexts& texts, QWidget* field)
+    : QFrame(field, Qt::Popup), calendar_(new QCalendarWidget(this)) {
+    setAttribute(Qt::WA_DeleteOnClose);
+    setFrameShape(QFrame::Box);
+    setAccessibleName(Say(texts, kChooseDay));
+    calendar_->setLocale(field->locale());
+    calendar_->setFirstDayOfWeek(field->locale().firstDayOfWeek());
+    calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    auto* none = new QPushButton(Say(texts, kNoDate), this);
+    auto* today = new QPushButton(Say(texts, kToday), this);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(none);
+    buttons->addStretch();
+    buttons->addWidget(today);
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(metrics::kRelated, metrics::kRelated, metrics::kRelated, metrics::kRelated);
+    column->addWidget(calendar_);
+    column->addLayout(buttons);
+    connect(calendar_, &QCalendarWidget::clicked, this, &CalendarPopup::Choose);
+    connect(calendar_, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
+    connect(today, &QPushButton::clicked, this, [this] { Choose(QDate::currentDate()); });
+    connect(none, &QPushButton::clicked, this, [this] { Choose({}); });
+}
+
+void CalendarPopup::Open(const QDate& date) {
+    if (date.isValid()) calendar_->setSelectedDate(date);
+    const QWidget* field = parentWidget();
+    const QRect screen = field->screen()->availableGeometry();
+    const QSize size = sizeHint();
+    QPoint place = field->mapToGlobal(QPoint(0, field->height() + 2));
+    if (place.y() + size.height() > screen.bottom())
+        place.setY(field->mapToGlobal(QPoint(0, -size.height() - 2)).y());
+    place.setX(std::clamp(place.x(), screen.left(), std::max(screen.left(), screen.right() - size.width())));
+    move(place);
+    show();
+    calendar_->setFocus();
+}
+
+void CalendarPopup::Choose(const QDate& date) {
+    emit Chosen(date);
+    close();
+}
+
+}  // namespace calyx::ui::form

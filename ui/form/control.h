@@ -1,0 +1,50 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+#include <string>
+
+#include "ui/form/parameter.h"
+
+class QWidget;
+
+namespace calyx::ui::form {
+
+// What a person has entered so far.
+struct Entry {
+    enum class State {
+        Right,       // `text` is for the document
+        Unfinished,  // may become right by typing on
+        Wrong,
+    };
+    State state = State::Right;
+    std::string text = {};
+    QString words = {};  // what is allowed, unless right
+};
+
+// The editor of one kind of value: shows the document's text and reads what was entered. It knows
+// nothing of documents; its field does.
+class Control : public QObject {
+    Q_OBJECT
+
+  public:
+    virtual QWidget* Widget() const = 0;
+    // The document's text, silently; a cursor stays where it is.
+    virtual void Show(const std::string& text) = 0;
+    // `leaving`: the person is done, so short forms count too (a year of two digits).
+    virtual Entry Read(bool leaving) const = 0;
+    // A sign that the value carries with it and the control does not show: "%".
+    virtual QString Sign() const { return {}; }
+    // Whether the value is text that can be set in bold.
+    virtual bool ShowsText() const { return true; }
+
+  signals:
+    // `typing`: one of several strokes that belong together.
+    void Edited(bool typing);
+};
+
+// The control for a parameter, by list and kind. `texts` outlives it.
+std::unique_ptr<Control> MakeControl(const Parameter& parameter, const ResourceTexts& texts, QWidget* parent);
+
+}  // namespace calyx::ui::form

@@ -1,0 +1,87 @@
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QLineEdit>
+#include <QToolTip>
+#include <algorithm>
+
+#include "model/language/text.h"
+#include "ui/form/field.h"
+#include "ui/form/firmware_dialog.h"
+#include "ui/form/form_texts.h"
+#include "ui/form/words.h"
+
+// The menu of a field. A command that has nothing to do says so instead of being grey.
+namespace calyx::ui::form {
+
+QMenu* Field::MakeMenu() {
+    auto* line = qobject_cast<QLineEdit*>(ControlWidget());
+    QMenu* menu = line == nullptr ? new QMenu(ControlWidget()) : line->createStandardContextMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (line != nullptr) menu->addSeparator();
+    const auto add = [&](int text, void (Field::*command)()) {
+        connect(menu->addAction(Say(texts_, text)), &QAction::triggered, this, command);
+    };
+    const auto parameter = Find();
+    if (parameter && parameter->Info().more.use != Use::ReadOnly) {
+        add(kMenuDefault, &Field::ResetToDefault);
+        add(kMenuRevert, &Field::Revert);
+        menu->addSeparator();
+    }
+    add(kMenuCopy, &Field::CopyAsLine);
+    add(kMenuLines, &Field::ShowLine);
+    add(kMenuFirmware, &Field::ShowFirmware);
+    return menu;
+}
+
+void Field::Tell(const QString& note) {
+    QToolTip::showText(ControlWidget()->mapToGlobal(QPoint(0, ControlWidget()->height())), note,
+                       ControlWidget());
+}
+
+void Field::ResetToDefault() {
+    GiveUp();
+    if (text_ == defaultText_) return Tell(Say(texts_, kIsDefault));
+    session_.SetParameter(key_, defaultText_, false);
+}
+
+void Field::Revert() {
+    GiveUp();
+    std::vector<KeyValue> saved;
+    bool changed = false;
+    const ChangeSet sinceSave = session_.ChangesSinceSave();
+    for (const Change& change : sinceSave.Changes()) {
+        if (!Covers(change.key) || !IsChange(change)) continue;
+        changed = true;
+        if (change.before) saved.push_back({change.key, *change.before});
+    }
+    if (!changed) return Tell(Say(texts_, kIsUnchanged));
+    if (lineKeys_.size() == 1) {
+        session_.RevertParameter(lineKeys_.front());
+    } else if (!saved.empty()) {
+        session_.Edit(saved, caption_.toStdString());  // the lines of one choice go back together
+    }
+}
+
+void Field::CopyAsLine() {
+    QStringList lines;
+    if (const auto parameter = Find()) {
+        for (const KeyValue& line : parameter->Lines()) lines += ToShown(line.key + "=" + line.value);
+        if (lines.isEmpty()) lines += ToShown(parameter->Key() + "=" + parameter->Text());
+    }
+    QGuiApplication::clipboard()->setText(lines.join(u'\n'));
+}
+
+void Field::ShowLine() {
+    if (lineKeys_.empty()) return Tell(Say(texts_, kNeverInLines));
+    emit ShowInLines(ShownKey());
+}
+
+void Field::ShowFirmware() {
+    const auto parameter = Find();
+    if (!parameter || lineKeys_.empty()) return Tell(Say(texts_, kNeverInLines));
+    auto* dialog = new FirmwareDialog(texts_, *parameter, ControlWidget()->window());
+    dialog->open();
+}
+
+}  // namespace calyx::ui::form

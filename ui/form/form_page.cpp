@@ -1,0 +1,133 @@
+#include "ui/form/form_page.h"
+
+#include <QLayout>
+#include <algorithm>
+#include <utility>
+
+#include "model/language/text.h"
+#include "ui/form/field_group.h"
+#include "ui/form/flash.h"
+#include "ui/form/flow_grid.h"
+#include "ui/form/form_texts.h"
+#include "ui/form/mnemonics.h"
+#include "ui/theme/metrics.h"
+
+namespace calyx::ui {
+
+using namespace form;
+
+namespace {
+constexpr int kWidestColumn = 600;
+}
+
+FormPage::FormPage(DocumentSession& session, std::string section, int item, QWidget* parent,
+                   const QString& reservedLetters)
+    : QScrollArea(parent), session_(session), section_(std::move(section)), item_(item) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    Build(reservedLetters);
+    Refresh();
+    connect(&session_, &DocumentSession::Changed, this, [this] { Follow(Stale::Changed); });
+    connect(&session_, &DocumentSession::Saved, this, [this] { Follow(Stale::Changed); });
+    connect(&session_, &DocumentSession::Replaced, this, [this] { Follow(Stale::Replaced); });
+}
+
+// The fields go before their widgets, which tell of their own end.
+FormPage::~FormPage() = default;
+
+void FormPage::Build(const QString& reservedLetters) {
+    auto* content = new QWidget;
+    auto* grid = new FlowGrid(content, kWidestColumn);
+    // The marks stand in the edge.
+    const int left = metrics::kPageEdge - metrics::kIconSmall - metrics::kHalf;
+    grid->setContentsMargins(left, metrics::kPageEdge, metrics::kPageEdge, metrics::kPageEdge);
+    std::vector<std::pair<int, std::vector<Field*>>> groups;  // in the order in which the rows name them
+    for (const std::string& key : FormKeys(session_.Document(), section_, item_)) {
+        auto& field = fields_.emplace_back(std::make_unique<Field>(session_, section_, key, content));
+        connect(field.get(), &Field::Focused, this, &FormPage::KeyFocused);
+        connect(field.get(), &Field::ShowInLines, this, &FormPage::ShowInLines);
+        const auto group = std::find_if(groups.begin(), groups.end(),
+                                        [&](const auto& g) { return g.first == field->Group(); });
+        if (group == groups.end()) {
+            groups.push_back({field->Group(), {field.get()}});
+        } else {
+            group->second.push_back(field.get());
+        }
+    }
+    QStringList captions;
+    std::vector<Field*> inOrder;
+    for (const auto& [number, fields] : groups) {
+        for (Field* field : fields) {
+            captions += field->PlainCaption();
+            inOrder.push_back(field);
+        }
+    }
+    const QStringList marked = WithMnemonics(captions, reservedLetters);
+    for (std::size_t i = 0; i < inOrder.size(); ++i) {
+        inOrder[i]->SetCaption(marked[static_cast<qsizetype>(i)]);
+        if (i > 0) setTabOrder(inOrder[i - 1]->ControlWidget(), inOrder[i]->ControlWidget());
+    }
+    std::vector<FieldGroup*> made;
+    int labels = 0;
+    for (const auto& [number, fields] : groups) {
+        auto* group = new FieldGroup(Say(session_.Context().texts, number), fields, content);
+        if (!group->IsCheckList()) labels = std::max(labels, group->WidestLabel());
+        made.push_back(group);
+    }
+    for (FieldGroup* group : made) {
+        group->SetLabelWidth(labels);
+        grid->AddGroup(group, group->Weight());
+    }
+    setWidget(content);
+    setFocusPolicy(Qt::NoFocus);
+    if (!inOrder.empty()) setFocusProxy(inOrder.front()->ControlWidget());
+}
+
+void FormPage::Follow(Stale what) {
+    stale_ = std::max(stale_, what);
+    if (isVisible()) Refresh();
+}
+
+void FormPage::Refresh() {
+    const bool anew = std::exchange(stale_, Stale::No) == Stale::Replaced;
+    const PageState state = PageState::Of(session_, section_, differing_);
+    for (const auto& field : fields_) field->Refresh(state, anew);
+}
+
+void FormPage::showEvent(QShowEvent* event) {
+    QScrollArea::showEvent(event);
+    if (stale_ != Stale::No) Refresh();
+}
+
+bool FormPage::FocusKey(const QString& key) {
+    if (stale_ != Stale::No) Refresh();
+    const std::string bytes = key.toStdString();
+    const auto found =
+        std::find_if(fields_.begin(), fields_.end(), [&](const auto& f) { return f->Covers(bytes); });
+    if (found == fields_.end() || !(*found)->IsPresent()) return false;
+    QWidget* control = (*found)->ControlWidget();
+    control->setFocus(Qt::OtherFocusReason);
+    // The field that was left may have taken a message with it.
+    widget()->layout()->invalidate();
+    widget()->layout()->activate();
+    ensureWidgetVisible(control, metrics::kPageEdge, 3 * metrics::kPageEdge);
+    new Flash((*found)->Label(), control, widget());
+    return true;
+}
+
+void FormPage::SetDiffering(std::set<std::string> keys) {
+    differing_.clear();
+    for (const std::string& key : keys) differing_.insert(Upper(key));
+    Follow(Stale::Changed);
+}
+
+bool HasForm(const CIndicator& document, const std::string& section, int item) {
+    return !FormKeys(document, section, item).empty();
+}
+
+FormPage* MakePage(DocumentSession& session, const std::string& section, int item, QWidget* parent) {
+    if (!HasForm(session.Document(), section, item)) return nullptr;
+    return new FormPage(session, section, item, parent);
+}
+
+}  // namespace calyx::ui

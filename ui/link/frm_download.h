@@ -1,0 +1,84 @@
+#pragma once
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <array>
+
+#include "app/context.h"
+#include "comm/download.h"
+#include "ui/dialogs/dialogs.h"
+#include "ui/document_session.h"
+#include "ui/link/link_desk.h"
+
+class QCheckBox;
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QPushButton;
+
+namespace calyx::ui {
+
+class ElapsedLabel;
+
+// The download dialog: chooses what to send, sends it, shows how far it is, and offers the lines that the
+// indicator did not accept. The choice is kept in the settings.
+class frmDownload : public QDialog, private IDownloadEvents {
+    Q_OBJECT
+
+  public:
+    frmDownload(AppContext& app, DocumentSession& session, LinkDesk& desk, Dialogs& dialogs, QWidget* parent);
+
+    bool Downloading() const { return downloading_; }
+    void reject() override;
+
+  signals:
+    void Ended(const calyx::DownloadReport& report);
+
+  private:
+    struct Option {
+        QCheckBox* box;
+        unsigned bit;
+        bool possible;  // the document has something of it
+    };
+
+    void MakeOptions();
+    QWidget* MakeProgramRow();
+    QWidget* MakeProgress();
+    void Connect();
+
+    void cmdStart_Click();
+    void cmdAbort_Click();
+    void cmdBrowse_Click();
+    void ShowDownloadErrors(const DownloadReport& report);
+    void InitDownloadOptions();
+    void SaveDownloadOptions();
+    void EnableControls();
+    unsigned Mask() const;
+    bool Chosen(unsigned bit) const;
+
+    void Status(const std::string& text) override;
+    void Line(const std::string& line, int number, int total) override;
+    void Errors(const std::string& text) override;
+    void Notice(const std::string& title, const std::string& text) override;
+
+    AppContext& app_;
+    DocumentSession& session_;
+    LinkDesk& desk_;
+    Dialogs& dialogs_;
+    CDownload download_;
+    std::array<Option, 6> options_{};
+    QLineEdit* txtFilename_;
+    QPushButton* cmdBrowse_;
+    QLabel* lblStatus_;
+    QLabel* txtCurrentCommand_;
+    QLabel* lblDownloadErrors_;
+    QProgressBar* progress_;
+    ElapsedLabel* elapsed_;
+    QPushButton* cmdStart_;
+    QPushButton* cmdAbort_;
+    QPushButton* cmdClose_;
+    QElapsedTimer shown_;  // since the line was shown last
+    bool downloading_ = false;
+};
+
+}  // namespace calyx::ui

@@ -1,0 +1,215 @@
+#include "ui/link/link_commands.h"
+
+#include <QDir>
+
+#include "comm/link_texts.h"
+#include "model/language/text.h"
+#include "ui/link/differences.h"
+#include "ui/link/frm_compare.h"
+#include "ui/link/frm_connect.h"
+#include "ui/link/frm_download.h"
+#include "ui/link/frm_upload.h"
+#include "ui/text.h"
+#include "ui/texts.h"
+
+namespace calyx::ui {
+
+namespace {
+constexpr int kOpening = 109;  // resource texts
+constexpr int kCheckAfterUpload = 1018;
+}
+
+LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs,
+                           LinkDesk& desk, QWidget* window)
+    : app_(app), session_(session), files_(files), dialogs_(dialogs), desk_(desk), window_(window) {
+    connect(&session_, &DocumentSession::Replaced, this, [this] {
+        sentAt_ = {};
+        sentLines_.clear();
+    });
+}
+
+QString LinkCommands::Text(int number) const {
+    return Say(app_.model.texts, number);
+}
+
+bool LinkCommands::Free() {
+    if (!desk_.Busy()) return true;
+    Tell(dialogs_, app_.model.texts, window_, Tone::Information, Text(say::kBusyTitle), Text(say::kBusy));
+    return false;
+}
+
+void LinkCommands::Fail(const Error& error) {
+    app_.Record(error);
+    TellError(dialogs_, app_.model.texts, window_, Text(say::kLinkFailedTitle), error);
+}
+
+void LinkCommands::Connect() {
+    if (!Free()) return;
+    if (!desk_.Connected()) return OpenConnectDialog({});
+    const int answer = dialogs_.Ask(window_, {Tone::Question,
+                                              Text(say::kConnectTitle),
+                                              Say(app_.model.texts, say::kConnectedAlready, desk_.Where()),
+                                              {},
+                                              {Text(say::kDisconnectVerb), Text(say::kCancel)}});
+    if (answer != 0) return;
+    Disconnect();
+    OpenConnectDialog({});
+}
+
+void LinkCommands::OpenConnectDialog(std::function<void()> next) {
+    auto* dialog = new frmConnect(app_, desk_, window_);
+    if (next) connect(dialog, &QDialog::accepted, this, next, Qt::QueuedConnection);
+    dialog->open();
+}
+
+void LinkCommands::ConnectSimulated() {
+    if (!Free()) return;
+    try {
+        if (desk_.Connected()) desk_.Close();
+        desk_.OpenSimulated();
+    } catch (const Error& error) {
+        Fail(error);
+    }
+}
+
+void LinkCommands::Disconnect() {
+    if (!Free()) return;
+    if (!desk_.Connected()) {
+        return Tell(dialogs_, app_.model.texts, window_, Tone::Information, Text(say::kNeedConnectionTitle),
+                    Text(say::kNotConnectedAnyway));
+    }
+    try {
+        desk_.Close();
+    } catch (const Error& error) {
+        Fail(error);
+    }
+}
+
+void LinkCommands::WithConnection(const std::function<void()>& next) {
+    if (!Free()) return;
+    if (desk_.Connected()) return next();
+    const int answer =
+        dialogs_.Ask(window_, {Tone::Question,
+                               Text(say::kNeedConnectionTitle),
+                               Text(say::kNeedConnection),
+                               {},
+                               {Text(say::kConnectVerb), PlainCaption(Text(say::kSimulated)), Text(say::kCancel)}});
+    if (answer == 0) OpenConnectDialog(next);
+    if (answer != 1) return;
+    ConnectSimulated();
+    if (desk_.Connected()) next();
+}
+
+void LinkCommands::Send() {
+    WithConnection([this] { SendNow(); });
+}
+
+void LinkCommands::SendNow() {
+    auto* dialog = new frmDownload(app_, session_, desk_, dialogs_, window_);
+    connect(dialog, &frmDownload::Ended, this, &LinkCommands::EndOfDownload);
+    dialog->open();
+}
+
+void LinkCommands::EndOfDownload(const DownloadReport& report) {
+    emit Logged(Say(app_.model.texts, say::kLogDownload, QString::number(report.accepted),
+                    QString::number(report.total), QString::number(report.failed.size())));
+    if (report.end == DownloadReport::End::Complete) {
+        sentAt_ = QTime::currentTime();
+        sentLines_ = session_.Document().Lines();
+    }
+    emit SentChanged();
+}
+
+std::optional<LinkCommands::Sent> LinkCommands::LastSent() const {
+    if (!sentAt_.isValid()) return std::nullopt;
+    return Sent{sentAt_, Difference(sentLines_, session_.Document().Lines()).Count()};
+}
+
+void LinkCommands::Read() {
+    if (Free() && files_.MayLeave()) WithConnection([this] { ReadNow(); });
+}
+
+void LinkCommands::ReadNow() {
+    const ResourceTexts& texts = app_.model.texts;
+    try {
+        const LinkDesk::Use use(desk_);
+        if (desk_.Link().CheckForStreaming()) {
+            return Tell(dialogs_, texts, window_, Tone::Information, Text(say::kNothingRead),
+                        Text(link_text::kStreaming));
+        }
+    } catch (const Error& error) {
+        return Fail(error);
+    }
+    const QString path =
+        dialogs_.AskSaveFile(window_, {Text(say::kUploadFile), files_.Folder(), files_.ConfigurationFilters(),
+                                       QStringLiteral("mrn")});
+    if (path.isEmpty() || !AskReplace(dialogs_, texts, window_, path)) return;
+    if (const auto report = FetchDump()) OpenRead(path, report->text);
+}
+
+// The reply goes into the file as it came. It has no checksum, so the file is opened without the checks;
+// what could not be kept stands in the read report.
+void LinkCommands::OpenRead(const QString& path, const std::string& text) {
+    const ResourceTexts& texts = app_.model.texts;
+    emit Logged(Say(texts, say::kLogRead, QString::number(text.size())));
+    try {
+        WriteUpload(app_.files, texts, Utf8(QDir::toNativeSeparators(path)), text);
+    } catch (const Error& error) {
+        return Fail(error);
+    }
+    if (!files_.OpenPath(path, true)) return;
+    const int answer = dialogs_.Ask(window_, {Tone::Question,
+                                              Text(say::kCheckTitle),
+                                              Text(kCheckAfterUpload),
+                                              {},
+                                              {Text(say::kCheckNow), Text(say::kNotNow)}});
+    if (answer == 0) emit CheckWanted();
+}
+
+// Nothing: cancelled or failed, and said so.
+std::optional<UploadReport> LinkCommands::FetchDump() {
+    const ResourceTexts& texts = app_.model.texts;
+    const LinkDesk::Use use(desk_);
+    app_.cancel = false;
+    frmUpload progress(texts, window_);
+    progress.show();
+    progress.StartElapsed();
+    UploadReport report;
+    try {
+        report = Upload(desk_.Link(), app_.model.target, texts, progress);
+        progress.Status(texts.Text(kOpening));
+        progress.Finish();
+    } catch (const Error& error) {
+        progress.Finish();
+        Fail(error);
+        return std::nullopt;
+    }
+    if (!report.notice.empty()) {
+        Tell(dialogs_, texts, window_, Tone::Information, Text(say::kNothingRead), Shown(report.notice));
+    }
+    if (report.end != UploadReport::End::Complete) return std::nullopt;
+    return report;
+}
+
+void LinkCommands::Compare() {
+    WithConnection([this] { CompareNow(); });
+}
+
+void LinkCommands::CompareNow() {
+    const auto report = FetchDump();
+    if (!report) return;
+    CIndicator indicator(app_.model);
+    indicator.LoadText(report->text, "DUMPALL");
+    const ChangeSet changes = AgainstIndicator(session_.Document(), report->text, app_.model.target.Gated());
+    std::set<std::string> differing;
+    for (const Change& change : changes.Changes()) differing.insert(Upper(change.key));
+    emit Compared(differing);
+    auto* dialog = new frmCompare(changes, session_.Document(), indicator,
+                                  {Text(say::kCompareTitle), Text(say::kDocumentSide), Text(say::kIndicatorSide),
+                                   Text(say::kCompareSame)},
+                                  window_);
+    connect(dialog, &frmCompare::Chosen, this, &LinkCommands::Chosen);
+    dialog->open();
+}
+
+}  // namespace calyx::ui

@@ -1,0 +1,73 @@
+#pragma once
+
+#include <QTime>
+#include <functional>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "app/context.h"
+#include "comm/download.h"
+#include "comm/upload.h"
+#include "ui/dialogs/dialogs.h"
+#include "ui/document_session.h"
+#include "ui/files/file_commands.h"
+#include "ui/link/link_desk.h"
+
+namespace calyx::ui {
+
+// The commands of the Indicator menu, with their dialogs. One that cannot run says why and offers the way
+// out.
+class LinkCommands : public QObject {
+    Q_OBJECT
+
+  public:
+    LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs, LinkDesk& desk,
+                 QWidget* window);
+
+    void Connect();
+    void ConnectSimulated();
+    void Disconnect();
+    void Send();
+    void Read();
+    void Compare();
+
+    // When the document was last sent to the indicator, and how many parameters were changed since.
+    struct Sent {
+        QTime at;
+        std::size_t changesSince = 0;
+    };
+    std::optional<Sent> LastSent() const;
+
+  signals:
+    void Logged(const QString& line);
+    void SentChanged();
+    void CheckWanted();
+    void Compared(const std::set<std::string>& differing);  // keys, in capitals
+    void Chosen(const QString& key);  // in a list of differences
+
+  private:
+    bool Free();
+    void OpenConnectDialog(std::function<void()> next);
+    void WithConnection(const std::function<void()>& next);
+    void SendNow();
+    void ReadNow();
+    void CompareNow();
+    std::optional<UploadReport> FetchDump();
+    void OpenRead(const QString& path, const std::string& text);
+    void EndOfDownload(const DownloadReport& report);
+    void Fail(const Error& error);
+    QString Text(int number) const;
+
+    AppContext& app_;
+    DocumentSession& session_;
+    FileCommands& files_;
+    Dialogs& dialogs_;
+    LinkDesk& desk_;
+    QWidget* window_;
+    QTime sentAt_;
+    std::vector<KeyValue> sentLines_;
+};
+
+}  // namespace calyx::ui

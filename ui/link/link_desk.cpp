@@ -1,0 +1,88 @@
+#include "ui/link/link_desk.h"
+
+#include "comm/transport_factory.h"
+#include "model/language/text.h"
+#include "ui/text.h"
+#include "ui/texts.h"
+
+namespace calyx::ui {
+
+LinkDesk::LinkDesk(AppContext& app)
+    : app_(app),
+      users_(app.settings, app.model.texts, [&app](const Error& error) { app.Record(error); }),
+      settings_(users_),
+      transports_(std::make_unique<TransportFactory>(app.model.texts, clock_)),
+      link_(std::make_unique<CIndicatorComm>(LinkParts{*transports_, clock_, settings_, app.model.texts, app.cancel,
+                                                       app.folders.userData + "commlog.txt"})) {
+    link_->AddObserver(*this);
+}
+
+LinkDesk::~LinkDesk() {
+    link_->RemoveObserver(*this);
+}
+
+void LinkDesk::Open(const std::string& host, std::uint16_t port) {
+    settings_.Use(host, port, false);
+    OpenLink();
+}
+
+void LinkDesk::OpenSimulated() {
+    if (!simulator_) {
+        try {
+            simulator_ = std::make_unique<sim::TcpSimulator>(sim::SimulatorOptions{});
+        } catch (const std::exception& failure) {
+            throw Error(code::kLink, "Calyx.LinkDesk.OpenSimulated",
+                        app_.model.texts.Format(say::kSimulatorFailed, {failure.what()}));
+        }
+    }
+    settings_.Use("127.0.0.1", simulator_->Port(), true);
+    OpenLink();
+}
+
+void LinkDesk::OpenLink() {
+    const Use use(*this);
+    giveUp_ = false;
+    connected_ = false;
+    app_.cancel = false;
+    link_->Connect();
+    identification_ = ShownValue(Trim(link_->ReadVersion(app_.model.target)));
+    connected_ = true;
+    emit Logged(Say(app_.model.texts, say::kLogIdentified, identification_));
+    emit DeviceChanged();
+}
+
+void LinkDesk::Close() {
+    connected_ = false;
+    link_->Disconnect();
+    emit DeviceChanged();
+}
+
+QString LinkDesk::Where() const {
+    const LinkSettings settings = const_cast<DeskLinkSettings&>(settings_).Load();
+    return Shown(settings.host) + QLatin1Char(':') + QString::number(settings.tcpPort);
+}
+
+void LinkDesk::ConnectToIndicator(const std::string& description) {
+    emit Logged(Say(app_.model.texts, say::kLogConnected, Shown(description)));
+}
+
+void LinkDesk::DisconnectedFromIndicator() {
+    emit Logged(Say(app_.model.texts, say::kLogDisconnected));
+    if (!connected_) return;
+    connected_ = false;
+    emit DeviceChanged();
+}
+
+void LinkDesk::AutoDetecting(const std::string&, bool& cancel) {
+    cancel |= giveUp_;
+}
+
+void LinkDesk::Sending(const std::string& line) {
+    emit Logged(Say(app_.model.texts, say::kLogOut, ShownValue(line)));
+}
+
+void LinkDesk::ReceivedResponse() {
+    emit Logged(Say(app_.model.texts, say::kLogNoAnswer));
+}
+
+}  // namespace calyx::ui

@@ -1,0 +1,77 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+
+#include "app/context.h"
+#include "comm/indicator_comm.h"
+#include "sim/tcp_server.h"
+#include "ui/link/desk_link_settings.h"
+#include "ui/link/ui_clock.h"
+
+namespace calyx::ui {
+
+// The desktop program's one link to an indicator, real or simulated, and what is known of the indicator.
+// The link works on the user-interface thread; while it waits, the window's messages run, so a second
+// operation could begin inside the first: it asks Busy before.
+class LinkDesk : public QObject, private ILinkEvents {
+    Q_OBJECT
+
+  public:
+    explicit LinkDesk(AppContext& app);
+    ~LinkDesk() override;
+
+    // Connects, reads the version and lets the target version follow it. Raise 12801.
+    void Open(const std::string& host, std::uint16_t port);
+    void OpenSimulated();  // starts the simulated indicator if need be; it keeps what it holds
+    void GiveUpOpening() { giveUp_ = true; }
+    void Close();
+
+    bool Connected() const { return connected_ && link_->Connected(); }
+    bool Simulated() const { return settings_.Simulated(); }
+    const QString& Identification() const { return identification_; }  // "V3.10.02 MERRIN"
+    QString Where() const;                                             // "127.0.0.1:10001"
+    CIndicatorComm& Link() { return *link_; }
+    sim::TcpSimulator* Simulator() { return simulator_.get(); }  // nothing until it was used
+
+    // An operation runs for as long as one of these lives.
+    class Use {
+      public:
+        explicit Use(LinkDesk& desk) : desk_(desk) { ++desk_.uses_; }
+        ~Use() { --desk_.uses_; }
+        Use(const Use&) = delete;
+        Use& operator=(const Use&) = delete;
+
+      private:
+        LinkDesk& desk_;
+    };
+    bool Busy() const { return uses_ > 0; }
+
+  signals:
+    void DeviceChanged();
+    void Logged(const QString& line);
+
+  private:
+    void OpenLink();
+
+    void ConnectToIndicator(const std::string& description) override;
+    void DisconnectedFromIndicator() override;
+    void AutoDetecting(const std::string& settings, bool& cancel) override;
+    void Sending(const std::string& line) override;
+    void ReceivedResponse() override;
+
+    AppContext& app_;
+    UiClock clock_;
+    LinkSettingsStore users_;
+    DeskLinkSettings settings_;
+    std::unique_ptr<ITransportFactory> transports_;
+    std::unique_ptr<CIndicatorComm> link_;
+    std::unique_ptr<sim::TcpSimulator> simulator_;
+    QString identification_;
+    bool connected_ = false;
+    bool giveUp_ = false;
+    int uses_ = 0;
+};
+
+}  // namespace calyx::ui

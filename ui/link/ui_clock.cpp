@@ -1,0 +1,11 @@
+#include "ui/link/ui_clock.h"
+
+#include <QCoreApplication>
+
+namespace calyx::ui {
+
+void UiClock::Yield() {
+    QCoreApplication::processEvents();
+}
+
+}  // namespace calyx::ui

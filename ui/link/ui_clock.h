@@ -1,0 +1,13 @@
+#pragma once
+
+#include "comm/clock.h"
+
+namespace calyx::ui {
+
+// The link's clock in the desktop program: while the link waits, the window's messages run.
+class UiClock final : public SteadyClock {
+  public:
+    void Yield() override;
+};
+
+}  // namespace calyx::ui

@@ -1,0 +1,53 @@
+#include "ui/panes/ctl_panes.h"
+
+#include "ui/text.h"
+#include "ui/texts.h"
+#include "ui/theme/icons.h"
+
+namespace calyx::ui {
+
+ctlPanes::ctlPanes(DocumentSession& session)
+    : session_(session),
+      problems_(new ctlProblems(session)),
+      report_(new ctlReport(session)),
+      changes_(new ctlChanges(session)),
+      log_(new ctlLinkLog(session.Context().texts)) {
+    const ResourceTexts& texts = session.Context().texts;
+    setObjectName(QStringLiteral("ctlPanes"));
+    setAccessibleName(Say(texts, say::kPanesName));
+    setDocumentMode(true);
+    addTab(problems_, Say(texts, say::kProblemsTab));
+    addTab(report_, Say(texts, say::kReportTab));
+    addTab(changes_, Say(texts, say::kChangesTab));
+    addTab(log_, Say(texts, say::kLogTab));
+    for (PaneList* pane : {static_cast<PaneList*>(problems_), static_cast<PaneList*>(report_),
+                           static_cast<PaneList*>(changes_)}) {
+        connect(pane, &PaneList::Chosen, this, &ctlPanes::Chosen);
+    }
+
+    soon_.setSingleShot(true);
+    soon_.setInterval(kDelay);
+    connect(&soon_, &QTimer::timeout, this, &ctlPanes::Refresh);
+    connect(&session_, &DocumentSession::Changed, this, [this] { soon_.start(); });
+    connect(&session_, &DocumentSession::Replaced, this, &ctlPanes::Refresh);
+    connect(&session_, &DocumentSession::Saved, this, &ctlPanes::Refresh);
+}
+
+void ctlPanes::Refresh() {
+    soon_.stop();
+    problems_->Refresh();
+    changes_->Refresh();
+    ShowCount(problems_, say::kProblemsTab, problems_->Count());
+    ShowCount(report_, say::kReportTab, report_->Count());
+    ShowCount(changes_, say::kChangesTab, changes_->Count());
+    setTabIcon(indexOf(problems_), problems_->Count() == 0 ? QIcon() : Icon(IconName::Problem));
+    emit Refreshed();
+}
+
+void ctlPanes::ShowCount(QWidget* pane, int caption, int count) {
+    const ResourceTexts& texts = session_.Context().texts;
+    const QString words = Say(texts, caption);
+    setTabText(indexOf(pane), count == 0 ? words : Say(texts, say::kTabCount, words, QString::number(count)));
+}
+
+}  // namespace calyx::ui

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <QColor>
+#include <QIcon>
+#include <QPixmap>
+
+namespace calyx::ui {
+
+enum class IconName {
+    New,
+    Open,
+    Save,
+    Undo,
+    Redo,
+    Connect,
+    Send,
+    Read,
+    Compare,
+    Find,  // commands
+    Problem,
+    Changed,
+    Differs,  // marks on a field
+    General,
+    Hardware,
+    Ports,
+    Scales,
+    Setpoints,
+    Tickets,
+    Screens,
+    Prompts,  // sections
+    Boxes,
+    Fieldbus,
+    Custom,
+    Info,
+    Close,
+    Calendar,
+};
+inline constexpr int kIconCount = static_cast<int>(IconName::Calendar) + 1;
+
+// Drawn when asked for, in the colours of the palette of the day and sharp at any size and screen
+// ratio. `size` is what it tells as its own size; it can be painted larger or smaller. Marks have the
+// colour of what they say, everything else that of text; chosen items get the colour on the accent.
+QIcon Icon(IconName name, int size = 16);
+
+// One picture in one colour. `size` in device-independent pixels.
+QPixmap IconPixmap(IconName name, int size, qreal ratio, const QColor& colour);
+
+}  // namespace calyx::ui

@@ -1,0 +1,168 @@
+#include "ui/window/ctl_find.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QListView>
+#include <QStandardItemModel>
+#include <QVBoxLayout>
+#include <algorithm>
+
+#include "ui/text.h"
+#include "ui/texts.h"
+#include "ui/theme/icons.h"
+#include "ui/theme/metrics.h"
+#include "ui/theme/theme.h"
+#include "ui/window/find_popup.h"
+#include "ui/window/hit_delegate.h"
+
+namespace calyx::ui {
+
+namespace {
+
+constexpr int kBoxWidth = 300;
+constexpr int kPopupWidth = 460;
+constexpr int kMostRows = 9;  // seen at once
+
+}  // namespace
+
+ctlFind::ctlFind(DocumentSession& session, QWidget* window)
+    : session_(session),
+      popup_(new FindPopup(window)),
+      list_(new QListView),
+      note_(new QLabel),
+      model_(new QStandardItemModel(this)) {
+    const ResourceTexts& texts = session.Context().texts;
+    setObjectName(QStringLiteral("ctlFind"));
+    setPlaceholderText(Say(texts, say::kFindHint) + QStringLiteral("  (Ctrl+K)"));
+    setAccessibleName(Say(texts, say::kFindName));
+    setClearButtonEnabled(true);
+    addAction(Icon(IconName::Find), QLineEdit::LeadingPosition);
+
+    popup_->setObjectName(QStringLiteral("findPopup"));
+    list_->setObjectName(QStringLiteral("findList"));
+    list_->setAccessibleName(Say(texts, say::kFindName));
+    list_->setModel(model_);
+    list_->setItemDelegate(new HitDelegate(list_));
+    list_->setFrameShape(QFrame::NoFrame);
+    list_->setFocusPolicy(Qt::NoFocus);  // the keys stay with the box
+    list_->setUniformItemSizes(true);
+    list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    note_->setForegroundRole(role::kQuietText);
+    note_->setFont(TextFont(TextSize::Small));
+    note_->setMargin(metrics::kRelated);
+    note_->setWordWrap(true);
+    auto* column = new QVBoxLayout(popup_);
+    column->setContentsMargins(1, 1, 1, 1);
+    column->setSpacing(0);
+    column->addWidget(list_);
+    column->addWidget(note_);
+    popup_->hide();
+
+    const auto stale = [this] { stale_ = true; };
+    connect(&session_, &DocumentSession::Changed, this, stale);
+    connect(&session_, &DocumentSession::Replaced, this, stale);
+    connect(this, &QLineEdit::textEdited, this, &ctlFind::Search);
+    connect(list_, &QListView::clicked, this, &ctlFind::Choose);
+}
+
+QSize ctlFind::sizeHint() const {
+    return {kBoxWidth, QLineEdit::sizeHint().height()};
+}
+
+void ctlFind::Begin() {
+    setFocus(Qt::ShortcutFocusReason);
+    selectAll();
+}
+
+int ctlFind::HitCount() const {
+    return popup_->isVisible() ? model_->rowCount() : 0;
+}
+
+void ctlFind::Search() {
+    if (stale_) finder_.Read(session_.Document());
+    stale_ = false;
+    const Finder::Result result = finder_.Find(text(), kMostHits);
+    model_->clear();
+    for (const Finder::Hit& hit : result.hits) {
+        auto* item = new QStandardItem(hit.label);
+        item->setData(hit.key, HitDelegate::kKeyRole);
+        item->setData(hit.value, HitDelegate::kValueRole);
+        item->setData(hit.where, HitDelegate::kWhereRole);
+        item->setData(QStringLiteral("%1, %2, %3, %4").arg(hit.label, hit.value, hit.key, hit.where),
+                      Qt::AccessibleTextRole);
+        model_->appendRow(item);
+    }
+    const ResourceTexts& texts = session_.Context().texts;
+    note_->setText(result.hits.empty() ? Say(texts, say::kNothingFound, text())
+                   : result.more > 0   ? Say(texts, say::kFindMore, QString::number(result.more))
+                                       : QString());
+    if (text().trimmed().isEmpty()) {
+        popup_->hide();
+        return;
+    }
+    list_->setCurrentIndex(model_->index(0, 0));
+    ShowList();
+}
+
+void ctlFind::ShowList() {
+    const int rows = std::min(model_->rowCount(), kMostRows);
+    list_->setVisible(rows > 0);
+    list_->setFixedHeight(rows == 0 ? 0 : rows * list_->sizeHintForRow(0));
+    note_->setVisible(!note_->text().isEmpty());
+    QWidget* window = popup_->parentWidget();
+    const QPoint below = mapTo(window, QPoint(width(), height()));
+    const int width = std::min(kPopupWidth, window->width());
+    popup_->setFixedWidth(width);
+    note_->setFixedHeight(note_->text().isEmpty() ? 0 : note_->heightForWidth(width - 2));
+    popup_->adjustSize();
+    popup_->move(std::max(0, below.x() - width), below.y() + metrics::kHalf);
+    popup_->raise();
+    popup_->show();
+}
+
+void ctlFind::Choose(const QModelIndex& index) {
+    if (!index.isValid()) return;
+    const QString key = index.data(HitDelegate::kKeyRole).toString();
+    popup_->hide();
+    emit Chosen(key);
+}
+
+void ctlFind::Move(int rows) {
+    if (!popup_->isVisible() || model_->rowCount() == 0) return;
+    const int row = std::clamp(list_->currentIndex().row() + rows, 0, model_->rowCount() - 1);
+    list_->setCurrentIndex(model_->index(row, 0));
+}
+
+void ctlFind::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_Down:
+            return Move(1);
+        case Qt::Key_Up:
+            return Move(-1);
+        case Qt::Key_PageDown:
+            return Move(kMostRows);
+        case Qt::Key_PageUp:
+            return Move(-kMostRows);
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            return popup_->isVisible() ? Choose(list_->currentIndex()) : Search();
+        case Qt::Key_Escape:
+            popup_->hide();
+            emit Left();
+            return;
+        default:
+            QLineEdit::keyPressEvent(event);
+    }
+}
+
+void ctlFind::focusInEvent(QFocusEvent* event) {
+    QLineEdit::focusInEvent(event);
+    if (!text().trimmed().isEmpty()) Search();
+}
+
+void ctlFind::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    popup_->hide();
+}
+
+}  // namespace calyx::ui

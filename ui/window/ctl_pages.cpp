@@ -1,0 +1,63 @@
+#include "ui/window/ctl_pages.h"
+
+#include <QLabel>
+#include <QStackedWidget>
+#include <QVBoxLayout>
+
+#include "ui/text.h"
+#include "ui/theme/metrics.h"
+#include "ui/theme/theme.h"
+
+namespace calyx::ui {
+
+ctlPages::ctlPages(DocumentSession& session)
+    : session_(session), heading_(new QLabel), stack_(new QStackedWidget) {
+    setObjectName(QStringLiteral("ctlPages"));
+    heading_->setObjectName(QStringLiteral("pageHeading"));
+    heading_->setFont(TextFont(TextSize::Heading));
+    auto* column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    auto* head = new QVBoxLayout;
+    head->setContentsMargins(metrics::kPageEdge, metrics::kGroups, metrics::kPageEdge, metrics::kRelated);
+    head->addWidget(heading_);
+    column->addLayout(head);
+    column->addWidget(stack_, 1);
+}
+
+void ctlPages::Show(const Place& place) {
+    place_ = &place;
+    heading_->setText(Say(session_.Context().texts, place.title));
+    stack_->setCurrentWidget(PageOf(place).widget);
+}
+
+bool ctlPages::FocusKey(const QString& key) {
+    return place_ != nullptr && PageOf(*place_).focusKey(key);
+}
+
+void ctlPages::FocusPage() {
+    QWidget* page = stack_->currentWidget();
+    if (page == nullptr) return;
+    QWidget* last = page->focusWidget();
+    (last != nullptr ? last : page)->setFocus();
+}
+
+void ctlPages::SetDiffering(std::set<std::string> keys) {
+    if (keys == differing_) return;
+    differing_ = std::move(keys);
+    for (const auto& [place, page] : pages_) page.setDiffering(differing_);
+}
+
+const Page& ctlPages::PageOf(const Place& place) {
+    const auto found = pages_.find(&place);
+    if (found != pages_.end()) return found->second;
+    const PageEvents events{[this](const QString& key) { emit KeyFocused(key); },
+                            [this](const QString& key) { emit ShowInLines(key); }, [this] { emit OpenWanted(); },
+                            [this] { emit ReadWanted(); }};
+    const Page page = MakePageOf(session_, place, events);
+    stack_->addWidget(page.widget);
+    if (!differing_.empty()) page.setDiffering(differing_);
+    return pages_.emplace(&place, page).first->second;
+}
+
+}  // namespace calyx::ui
