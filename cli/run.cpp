@@ -115,8 +115,8 @@ int RunCommand(Command& command, const std::vector<std::string>& arguments, Glob
                Console& console) {
     Options options(std::string(kName).append(" ").append(command.Name()));
     command.Declare(options);
-    if (command.HasListing()) options.Flag(globals.json, "--json", "the listing as JSON");
     globals.Declare(options);
+    if (command.HasListing()) options.Flag(globals.json, "--json", "the listing as JSON");
     try {
         const bool json = globals.json;
         if (!options.Parse(arguments)) {

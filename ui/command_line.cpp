@@ -19,21 +19,23 @@ QSize SizeOf(const QString& words) {
 
 CommandLine Parse(const QStringList& words) {
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral("Calyx, the configuration editor for Merrin weight indicators."));
+    parser.setApplicationDescription(
+        QStringLiteral("Calyx, the configuration editor for Merrin weight indicators."));
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("configuration to open"),
                                  QStringLiteral("[FILE]"));
     const QCommandLineOption help = parser.addHelpOption();
     const QCommandLineOption version = parser.addVersionOption();
-    const QCommandLineOption userDir(QStringLiteral("user-dir"), QStringLiteral("folder for settings and logs"),
-                                     QStringLiteral("DIR"));
-    const QCommandLineOption dataDir(QStringLiteral("data-dir"), QStringLiteral("folder with the program's data"),
-                                     QStringLiteral("DIR"));
+    const QCommandLineOption userDir(QStringLiteral("user-dir"),
+                                     QStringLiteral("folder for settings and logs"), QStringLiteral("DIR"));
+    const QCommandLineOption dataDir(QStringLiteral("data-dir"),
+                                     QStringLiteral("folder with the program's data"), QStringLiteral("DIR"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("system, light, dark or contrast"),
                                    QStringLiteral("NAME"));
     const QCommandLineOption picture(QStringLiteral("screenshot"),
-                                     QStringLiteral("draws the window into a PNG file and ends"), QStringLiteral("FILE"));
-    const QCommandLineOption size(QStringLiteral("size"), QStringLiteral("size of the window for the picture"),
-                                  QStringLiteral("WxH"));
+                                     QStringLiteral("draws the window into a PNG file and ends"),
+                                     QStringLiteral("FILE"));
+    const QCommandLineOption size(
+        QStringLiteral("size"), QStringLiteral("size of the window for the picture"), QStringLiteral("WxH"));
     const QCommandLineOption quit(QStringLiteral("quit-after-first-paint"),
                                   QStringLiteral("ends once the window has been drawn"));
     parser.addOptions({userDir, dataDir, theme, picture, size, quit});
@@ -46,7 +48,8 @@ CommandLine Parse(const QStringList& words) {
     };
     if (!parser.parse(words)) return wrong(parser.errorText());
     if (parser.isSet(help)) line.answer = parser.helpText();
-    if (parser.isSet(version)) line.answer = QStringLiteral("Calyx %1\n").arg(QString::fromStdString(ProgramVersion()));
+    if (parser.isSet(version))
+        line.answer = QStringLiteral("Calyx %1\n").arg(QString::fromStdString(ProgramVersion()));
     if (parser.positionalArguments().size() > 1) return wrong(QStringLiteral("one file at a time"));
 
     Options& options = line.options;
@@ -58,11 +61,13 @@ CommandLine Parse(const QStringList& words) {
     options.themeGiven = parser.isSet(theme);
     options.theme = parser.value(theme);
     if (options.theme == QStringLiteral("system")) options.theme.clear();
-    const QStringList themes{QString(), QStringLiteral("light"), QStringLiteral("dark"), QStringLiteral("contrast")};
+    const QStringList themes{QString(), QStringLiteral("light"), QStringLiteral("dark"),
+                             QStringLiteral("contrast")};
     if (!themes.contains(options.theme)) return wrong(QStringLiteral("no such theme: %1").arg(options.theme));
     if (parser.isSet(size)) {
         options.size = SizeOf(parser.value(size));
-        if (options.size.isEmpty()) return wrong(QStringLiteral("the size is two numbers, for example 1366x768"));
+        if (options.size.isEmpty())
+            return wrong(QStringLiteral("the size is two numbers, for example 1366x768"));
     }
     return line;
 }

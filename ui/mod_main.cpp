@@ -119,7 +119,10 @@ int Run(int argc, char** argv) {
         return RunWindow(application, *app, line.options);
     } catch (const Error& error) {
         std::cerr << "calyx: " << ErrorLine(error) << '\n';
-        QtDialogs().Ask(nullptr, {Tone::Warning, QStringLiteral("Calyx"), Shown(error.Description()), {},
+        QtDialogs().Ask(nullptr, {Tone::Warning,
+                                  QStringLiteral("Calyx"),
+                                  Shown(error.Description()),
+                                  {},
                                   {QStringLiteral("Close")}});
         return kCannotRun;
     }

@@ -21,8 +21,9 @@ std::size_t Utf8Length(std::string_view bytes) {
                                                                : 0;
     if (length == 0 || length > bytes.size()) return 0;
     const auto follows = [](char c) { return (static_cast<unsigned char>(c) & 0xC0) == 0x80; };
-    return std::all_of(bytes.begin() + 1, bytes.begin() + static_cast<std::ptrdiff_t>(length), follows) ? length
-                                                                                                        : 0;
+    return std::all_of(bytes.begin() + 1, bytes.begin() + static_cast<std::ptrdiff_t>(length), follows)
+               ? length
+               : 0;
 }
 
 }  // namespace
@@ -54,7 +55,8 @@ std::string ValueBytes(QString shown, std::string_view old) {
     for (QChar& c : shown) {
         const int code = c.unicode() - kPictures;
         // A line end would make two lines of one.
-        if (code >= 0 && code < kControls && code != '\r' && code != '\n') c = QChar(static_cast<char16_t>(code));
+        if (code >= 0 && code < kControls && code != '\r' && code != '\n')
+            c = QChar(static_cast<char16_t>(code));
     }
     return ToBytes(shown, old);
 }

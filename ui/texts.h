@@ -1,6 +1,7 @@
 #pragma once
 
-// Numbers of the resource texts of the desktop program: 20300 to 20699. Captions carry their mnemonic ("&File").
+// Numbers of the resource texts of the desktop program: 20300 to 20699. Captions carry their mnemonic
+// ("&File").
 namespace calyx::ui::say {
 
 // menus
@@ -54,7 +55,7 @@ inline constexpr int kWindowTitle = 20361;  // {1} name of the file
 inline constexpr int kFindHint = 20362;
 inline constexpr int kFindName = 20363;
 inline constexpr int kNothingFound = 20364;  // {1} what was typed
-inline constexpr int kFindMore = 20365;  // {1} number
+inline constexpr int kFindMore = 20365;      // {1} number
 inline constexpr int kNavigationName = 20366;
 inline constexpr int kGroupConfiguration = 20367;
 inline constexpr int kGroupWeighing = 20368;
@@ -66,8 +67,8 @@ inline constexpr int kNothingToUndo = 20373;
 inline constexpr int kNothingToRedo = 20374;
 inline constexpr int kNoProblemsFound = 20375;
 inline constexpr int kNotInDocument = 20376;  // {1} key
-inline constexpr int kUndone = 20377;  // {1} name of the step
-inline constexpr int kRedone = 20378;  // {1} name of the step
+inline constexpr int kUndone = 20377;         // {1} name of the step
+inline constexpr int kRedone = 20378;         // {1} name of the step
 
 // pages of kept lines
 inline constexpr int kKeptCount = 20390;  // {1} number
@@ -85,7 +86,7 @@ inline constexpr int kLinesTitle = 20400;
 inline constexpr int kLinesListName = 20401;
 inline constexpr int kLinesTarget = 20402;
 inline constexpr int kAsFile = 20403;
-inline constexpr int kAsSent = 20404;  // {1} firmware version
+inline constexpr int kAsSent = 20404;           // {1} firmware version
 inline constexpr int kAsSentConnected = 20405;  // {1} firmware version
 inline constexpr int kCb2 = 20406;
 inline constexpr int kCb2Tip = 20407;
@@ -93,8 +94,8 @@ inline constexpr int kOnlyVersions = 20408;  // {1} versions in words
 inline constexpr int kNeverSent = 20409;
 inline constexpr int kChangedLine = 20410;
 inline constexpr int kLinesEmpty = 20411;
-inline constexpr int kLinesCount = 20412;  // {1} number
-inline constexpr int kLinesSummary = 20413;  // {1}, {2} numbers
+inline constexpr int kLinesCount = 20412;        // {1} number
+inline constexpr int kLinesSummary = 20413;      // {1}, {2} numbers
 inline constexpr int kLinesSummarySent = 20414;  // numbers
 inline constexpr int kCopyLines = 20415;
 inline constexpr int kLinesCopied = 20416;  // {1} number
@@ -123,9 +124,9 @@ inline constexpr int kNoteHeading = 20444;
 inline constexpr int kNoteText = 20445;
 inline constexpr int kNoteUnknown = 20446;
 inline constexpr int kNoteDuplicate = 20447;
-inline constexpr int kNoteList = 20448;  // {1} value
+inline constexpr int kNoteList = 20448;           // {1} value
 inline constexpr int kNoteNotUnderstood = 20449;  // {1} value
-inline constexpr int kNotePartly = 20450;  // {1} value
+inline constexpr int kNotePartly = 20450;         // {1} value
 inline constexpr int kNoteNotWritten = 20451;
 inline constexpr int kNoteCut = 20452;  // {1} value
 inline constexpr int kTextHeading = 20453;
@@ -133,17 +134,17 @@ inline constexpr int kPanesName = 20454;
 
 // status line
 inline constexpr int kFactNew = 20460;
-inline constexpr int kFactOpened = 20461;  // name, time
-inline constexpr int kFactSaved = 20462;  // name, time
-inline constexpr int kFactChanges = 20463;  // {1} fact, {2} number
+inline constexpr int kFactOpened = 20461;     // name, time
+inline constexpr int kFactSaved = 20462;      // name, time
+inline constexpr int kFactChanges = 20463;    // {1} fact, {2} number
 inline constexpr int kFactOneChange = 20464;  // {1} fact
 inline constexpr int kNotConnected = 20465;
-inline constexpr int kConnectedTo = 20466;  // {1} what answered, {2} host and port
+inline constexpr int kConnectedTo = 20466;         // {1} what answered, {2} host and port
 inline constexpr int kConnectedSimulated = 20467;  // {1} what answers
-inline constexpr int kFactSent = 20468;  // {1} fact, {2} time
-inline constexpr int kFactSentSince = 20469;  // {1} fact, {2} time, {3} number
-inline constexpr int kTarget = 20470;  // {1} version
-inline constexpr int kTargetCb2 = 20471;  // {1} version
+inline constexpr int kFactSent = 20468;            // {1} fact, {2} time
+inline constexpr int kFactSentSince = 20469;       // {1} fact, {2} time, {3} number
+inline constexpr int kTarget = 20470;              // {1} version
+inline constexpr int kTargetCb2 = 20471;           // {1} version
 inline constexpr int kFileFactName = 20472;
 inline constexpr int kDeviceFactName = 20473;
 inline constexpr int kTargetFactName = 20474;
@@ -208,10 +209,10 @@ inline constexpr int kConnectVerb = 20542;
 inline constexpr int kLogConnected = 20543;  // {1} where
 inline constexpr int kLogDisconnected = 20544;
 inline constexpr int kLogIdentified = 20545;  // {1} its answer
-inline constexpr int kLogOut = 20546;  // {1} line sent
-inline constexpr int kLogRefused = 20547;  // {1} line
-inline constexpr int kLogDownload = 20548;  // numbers
-inline constexpr int kLogRead = 20549;  // {1} number
+inline constexpr int kLogOut = 20546;         // {1} line sent
+inline constexpr int kLogRefused = 20547;     // {1} line
+inline constexpr int kLogDownload = 20548;    // numbers
+inline constexpr int kLogRead = 20549;        // {1} number
 inline constexpr int kLogNoAnswer = 20550;
 inline constexpr int kSimulatorFailed = 20551;  // {1} reason
 
@@ -230,7 +231,7 @@ inline constexpr int kBrowse = 20570;
 inline constexpr int kStart = 20571;
 inline constexpr int kAbort = 20572;
 inline constexpr int kCloseMnemonic = 20573;
-inline constexpr int kReady = 20574;  // {1} where, {2} target version
+inline constexpr int kReady = 20574;    // {1} where, {2} target version
 inline constexpr int kElapsed = 20575;  // {1} minutes and seconds
 inline constexpr int kCurrentLine = 20576;
 inline constexpr int kProgressName = 20577;
@@ -262,7 +263,7 @@ inline constexpr int kCompareList = 20607;
 inline constexpr int kNothingRead = 20608;
 
 // help
-inline constexpr int kAboutText = 20615;  // version, oldest and newest firmware
+inline constexpr int kAboutText = 20615;     // version, oldest and newest firmware
 inline constexpr int kAboutFolders = 20616;  // folders
 inline constexpr int kParametersTitle = 20617;
 inline constexpr int kParametersFilter = 20618;
@@ -271,7 +272,7 @@ inline constexpr int kMeaning = 20620;
 inline constexpr int kAllowed = 20621;
 inline constexpr int kFirmware = 20622;
 inline constexpr int kRangeWords = 20623;  // least, most, unit
-inline constexpr int kAnyText = 20624;  // {1} width
+inline constexpr int kAnyText = 20624;     // {1} width
 inline constexpr int kAnyFreeText = 20625;
 inline constexpr int kWholeNumber = 20626;
 inline constexpr int kNumber = 20627;

@@ -25,15 +25,20 @@ frmKeyboard::frmKeyboard(const ResourceTexts& texts, const QList<QAction*>& comm
     setAttribute(Qt::WA_DeleteOnClose);
     std::vector<PaneList::Row> rows;
     for (const QAction* command : commands) {
-        if (!command->shortcut().isEmpty()) rows.push_back({.cells = {KeysOf(*command), command->iconText()}});
+        if (!command->shortcut().isEmpty())
+            rows.push_back({.cells = {KeysOf(*command), command->iconText()}});
     }
     // Keys that belong to no command.
     const struct {
         const char* keys;
         int text;
-    } others[] = {{"F1", say::kKeyFieldHelp}, {"Esc", say::kKeyLeave}, {"Enter", say::kKeyChoose},
-                  {"Space", say::kKeyAct},    {"Left, Right", say::kKeyFold}};
-    for (const auto& other : others) rows.push_back({.cells = {QString::fromLatin1(other.keys), Say(texts, other.text)}});
+    } others[] = {{"F1", say::kKeyFieldHelp},
+                  {"Esc", say::kKeyLeave},
+                  {"Enter", say::kKeyChoose},
+                  {"Space", say::kKeyAct},
+                  {"Left, Right", say::kKeyFold}};
+    for (const auto& other : others)
+        rows.push_back({.cells = {QString::fromLatin1(other.keys), Say(texts, other.text)}});
 
     auto* list = new PaneList(Say(texts, say::kKeyboardTitle),
                               {Say(texts, say::kKeyboardKeys), Say(texts, say::kKeyboardDoes)}, 1);

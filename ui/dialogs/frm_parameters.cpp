@@ -29,7 +29,8 @@ QString AllowedWords(const ResourceTexts& texts, const Item& item, std::size_t r
     }
     const RowInfo& info = item.Info(row);
     if (info.more.HasRange()) {
-        return Say(texts, say::kRangeWords, Number(info.more.min), Number(info.more.max), Shown(info.more.unit))
+        return Say(texts, say::kRangeWords, Number(info.more.min), Number(info.more.max),
+                   Shown(info.more.unit))
             .trimmed();
     }
     switch (info.kind) {

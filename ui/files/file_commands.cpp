@@ -17,8 +17,8 @@ constexpr int kAllFiles = 112;
 constexpr const char* kNewName = "Untitled.mrn";
 
 bool CanBeOpenedAnyway(int errorCode) {
-    return errorCode == code::kChecksum || errorCode == code::kNoChecksum || errorCode == code::kFileRevision ||
-           errorCode == code::kIndicatorRevision;
+    return errorCode == code::kChecksum || errorCode == code::kNoChecksum ||
+           errorCode == code::kFileRevision || errorCode == code::kIndicatorRevision;
 }
 
 }  // namespace
@@ -58,8 +58,8 @@ void FileCommands::New() {
 
 void FileCommands::Open() {
     if (!MayLeave()) return;
-    const QString path = dialogs_.AskOpenFile(
-        window_, {Say(app_.model.texts, say::kOpenTitle), Folder(), ConfigurationFilters(), QStringLiteral("mrn")});
+    const QString path = dialogs_.AskOpenFile(window_, {Say(app_.model.texts, say::kOpenTitle), Folder(),
+                                                        ConfigurationFilters(), QStringLiteral("mrn")});
     if (!path.isEmpty()) OpenPath(path);
 }
 
@@ -85,11 +85,12 @@ bool FileCommands::OpenPath(const QString& path, bool anyway) {
 
 int FileCommands::AskOpenAnyway(const Error& error) {
     const ResourceTexts& texts = app_.model.texts;
-    return dialogs_.Ask(window_, {Tone::Warning,
-                                  Say(texts, say::kOpenFailed),
-                                  Shown(error.Description()),
-                                  ErrorNumber(texts, error) + QStringLiteral("\n\n") + Say(texts, say::kOpenAnywayHint),
-                                  {Say(texts, say::kOpenAnyway), Say(texts, say::kCancel)}});
+    return dialogs_.Ask(
+        window_, {Tone::Warning,
+                  Say(texts, say::kOpenFailed),
+                  Shown(error.Description()),
+                  ErrorNumber(texts, error) + QStringLiteral("\n\n") + Say(texts, say::kOpenAnywayHint),
+                  {Say(texts, say::kOpenAnyway), Say(texts, say::kCancel)}});
 }
 
 bool FileCommands::Save() {
@@ -115,12 +116,12 @@ bool FileCommands::SaveAs() {
 FileCommands::Drop FileCommands::AskDropLines() {
     if (notKept_ == 0) return Drop::Go;
     const ResourceTexts& texts = app_.model.texts;
-    const int answer = dialogs_.Ask(
-        window_, {Tone::Warning,
-                  Say(texts, say::kLosesTitle),
-                  Say(texts, say::kLoses, Name(), QString::number(notKept_)),
-                  {},
-                  {Say(texts, say::kSaveWithout), Say(texts, say::kSaveElsewhere), Say(texts, say::kCancel)}});
+    const int answer = dialogs_.Ask(window_, {Tone::Warning,
+                                              Say(texts, say::kLosesTitle),
+                                              Say(texts, say::kLoses, Name(), QString::number(notKept_)),
+                                              {},
+                                              {Say(texts, say::kSaveWithout), Say(texts, say::kSaveElsewhere),
+                                               Say(texts, say::kCancel)}});
     return static_cast<Drop>(answer);
 }
 
@@ -176,7 +177,8 @@ bool FileCommands::MayLeave() {
 }
 
 // A path to write to, with the leave to replace what is there; empty: cancelled.
-QString FileCommands::AskTarget(int title, const QString& name, const QStringList& filters, const QString& suffix) {
+QString FileCommands::AskTarget(int title, const QString& name, const QStringList& filters,
+                                const QString& suffix) {
     const ResourceTexts& texts = app_.model.texts;
     const QString path =
         dialogs_.AskSaveFile(window_, {Say(texts, title), QDir(Folder()).filePath(name), filters, suffix});

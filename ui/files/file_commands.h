@@ -32,11 +32,11 @@ class FileCommands : public QObject {
     // Whether the document may be left: it has no changes, or the user has saved or discarded them.
     bool MayLeave();
 
-    QString Name() const;                        // of the file, without its folder
-    QString Folder() const;                      // where file dialogs begin
-    QStringList ConfigurationFilters() const;    // of file dialogs
+    QString Name() const;                      // of the file, without its folder
+    QString Folder() const;                    // where file dialogs begin
+    QStringList ConfigurationFilters() const;  // of file dialogs
     QStringList Recent() const;
-    const QTime& At() const { return at_; }      // of the last save, or of the opening
+    const QTime& At() const { return at_; }  // of the last save, or of the opening
     bool SavedSinceOpened() const { return saved_; }
 
   signals:

@@ -35,6 +35,7 @@ QByteArray AsPdf(const Settings& settings, const QString& heading, const QString
 
     QByteArray bytes;
     QBuffer buffer(&bytes);
+    buffer.open(QIODevice::WriteOnly);
     QPdfWriter writer(&buffer);
     writer.setTitle(heading);
     page.print(&writer);

@@ -3,11 +3,14 @@
 #include <QCalendarWidget>
 #include <QPushButton>
 #include <QScreen>
+#include <QTextCharFormat>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
 #include "ui/form/form_texts.h"
 #include "ui/theme/metrics.h"
+#include "ui/theme/tokens.h"
 
 namespace calyx::ui::form {
 
@@ -15,10 +18,14 @@ CalendarPopup::CalendarPopup(const ResourceTexts& texts, QWidget* field)
     : QFrame(field, Qt::Popup), calendar_(new QCalendarWidget(this)) {
     setAttribute(Qt::WA_DeleteOnClose);
     setFrameShape(QFrame::Box);
+    setForegroundRole(role::kBorder);
     setAccessibleName(Say(texts, kChooseDay));
     calendar_->setLocale(field->locale());
     calendar_->setFirstDayOfWeek(field->locale().firstDayOfWeek());
     calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    for (const auto day : {Qt::Saturday, Qt::Sunday}) calendar_->setWeekdayTextFormat(day, {});  // no red
+    SetStep(texts, "qt_calendar_prevmonth", IconName::Previous, kPrevious);
+    SetStep(texts, "qt_calendar_nextmonth", IconName::Next, kNext);
     auto* none = new QPushButton(Say(texts, kNoDate), this);
     auto* today = new QPushButton(Say(texts, kToday), this);
     auto* buttons = new QHBoxLayout;
@@ -33,6 +40,16 @@ CalendarPopup::CalendarPopup(const ResourceTexts& texts, QWidget* field)
     connect(calendar_, &QCalendarWidget::activated, this, &CalendarPopup::Choose);
     connect(today, &QPushButton::clicked, this, [this] { Choose(QDate::currentDate()); });
     connect(none, &QPushButton::clicked, this, [this] { Choose({}); });
+}
+
+// Our own arrow on the head of the calendar, which has the accent's colour.
+void CalendarPopup::SetStep(const ResourceTexts& texts, const char* button, IconName icon, int name) {
+    auto* step = calendar_->findChild<QToolButton*>(QLatin1String(button));
+    if (step == nullptr) return;
+    step->setIcon(
+        IconPixmap(icon, metrics::kIconSmall, devicePixelRatioF(), palette().color(role::kOnAccent)));
+    step->setToolTip(Say(texts, name));
+    step->setAccessibleName(Say(texts, name));
 }
 
 void CalendarPopup::Open(const QDate& date) {

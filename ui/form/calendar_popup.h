@@ -4,6 +4,7 @@
 #include <QFrame>
 
 #include "model/language/resource_texts.h"
+#include "ui/theme/icons.h"
 
 class QCalendarWidget;
 
@@ -21,6 +22,7 @@ class CalendarPopup : public QFrame {
     void Chosen(const QDate& date);  // no valid date: none
 
   private:
+    void SetStep(const ResourceTexts& texts, const char* button, IconName icon, int name);
     void Choose(const QDate& date);
 
     QCalendarWidget* calendar_;

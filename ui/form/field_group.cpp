@@ -13,6 +13,7 @@ namespace {
 
 constexpr std::size_t kFewestChecks = 4;  // fewer stand as ordinary rows
 constexpr int kCheckColumns = 2;
+constexpr int kAlmostAll = 200;
 constexpr int kMarkGap = metrics::kHalf;
 constexpr int kMarkRoom = metrics::kIconSmall + kMarkGap;
 
@@ -70,9 +71,10 @@ void FieldGroup::AddRow(QGridLayout* grid, int row, Field* field) {
     auto* value = new QHBoxLayout;
     value->setSpacing(metrics::kRelated);
     const bool grows = field->ControlWidget()->maximumWidth() > field->ControlWidget()->minimumWidth();
-    value->addWidget(field->ControlWidget(), grows ? 1 : 0);
+    // A box that grows takes the room up to its own limit; what is left stays free.
+    value->addWidget(field->ControlWidget(), grows ? kAlmostAll : 0);
     value->addWidget(field->Unit());
-    if (!grows) value->addStretch(1);
+    value->addStretch(1);
     auto* cell = new QVBoxLayout;
     cell->setSpacing(2);
     cell->addLayout(value);

@@ -14,11 +14,30 @@
 // The menu of a field. A command that has nothing to do says so instead of being grey.
 namespace calyx::ui::form {
 
+namespace {
+
+// Instead of the box's own menu, whose undo knows nothing of the document.
+void AddEditing(QMenu& menu, QLineEdit& line, const ResourceTexts& texts) {
+    const auto add = [&](int text, const QKeySequence& key, auto command) {
+        QAction* action = menu.addAction(Say(texts, text));
+        action->setShortcut(key);
+        QObject::connect(action, &QAction::triggered, &line, command);
+    };
+    if (line.hasSelectedText()) {
+        add(kCut, QKeySequence::Cut, &QLineEdit::cut);
+        add(kCopy, QKeySequence::Copy, &QLineEdit::copy);
+    }
+    if (!QGuiApplication::clipboard()->text().isEmpty()) add(kPaste, QKeySequence::Paste, &QLineEdit::paste);
+    if (!line.text().isEmpty()) add(kSelectAll, QKeySequence::SelectAll, &QLineEdit::selectAll);
+    if (!menu.isEmpty()) menu.addSeparator();
+}
+
+}  // namespace
+
 QMenu* Field::MakeMenu() {
-    auto* line = qobject_cast<QLineEdit*>(ControlWidget());
-    QMenu* menu = line == nullptr ? new QMenu(ControlWidget()) : line->createStandardContextMenu();
+    auto* menu = new QMenu(ControlWidget());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (line != nullptr) menu->addSeparator();
+    if (auto* line = qobject_cast<QLineEdit*>(ControlWidget())) AddEditing(*menu, *line, texts_);
     const auto add = [&](int text, void (Field::*command)()) {
         connect(menu->addAction(Say(texts_, text)), &QAction::triggered, this, command);
     };

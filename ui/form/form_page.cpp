@@ -115,7 +115,7 @@ bool FormPage::FocusKey(const QString& key) {
     return true;
 }
 
-void FormPage::SetDiffering(std::set<std::string> keys) {
+void FormPage::SetDiffering(const std::set<std::string>& keys) {
     differing_.clear();
     for (const std::string& key : keys) differing_.insert(Upper(key));
     Follow(Stale::Changed);

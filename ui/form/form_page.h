@@ -34,7 +34,7 @@ class FormPage : public QScrollArea {
     // leads to that field. False: the page does not show such a field at present.
     bool FocusKey(const QString& key);
     // Keys whose value differs from what the indicator holds, once that was compared; empty: not compared.
-    void SetDiffering(std::set<std::string> keys);
+    void SetDiffering(const std::set<std::string>& keys);
 
   signals:
     // Both name the key of the field's line (of the first, where a field stands for several).

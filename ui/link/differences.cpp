@@ -39,7 +39,9 @@ ChangeSet AgainstIndicator(const CIndicator& document, const std::string& dump, 
     std::vector<KeyValue> holds = SentLines(indicator, target);
     std::erase_if(holds, [&](const KeyValue& line) { return !held.contains(Upper(line.key)); });
     const auto withheld = WithheldKeys(document, sent);
-    return Difference(sent, holds).Where([&](const Change& change) { return !withheld.contains(Upper(change.key)); });
+    return Difference(sent, holds).Where([&](const Change& change) {
+        return !withheld.contains(Upper(change.key));
+    });
 }
 
 }  // namespace calyx::ui

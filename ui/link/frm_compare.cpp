@@ -19,8 +19,8 @@ frmCompare::frmCompare(const ChangeSet& changes, const CIndicator& before, const
     setObjectName(QStringLiteral("frmCompare"));
     setWindowTitle(sides.title);
     setAttribute(Qt::WA_DeleteOnClose);
-    auto* count = new QLabel(changes.Empty() ? sides.same
-                                             : Say(texts, say::kCompareCount, QString::number(changes.Count())));
+    auto* count = new QLabel(
+        changes.Empty() ? sides.same : Say(texts, say::kCompareCount, QString::number(changes.Count())));
     count->setObjectName(QStringLiteral("lblCount"));
     count->setWordWrap(true);
 

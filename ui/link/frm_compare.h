@@ -18,8 +18,8 @@ class frmCompare : public QDialog {
     };
 
     // The documents are asked where the keys belong.
-    frmCompare(const ChangeSet& changes, const CIndicator& before, const CIndicator& after, const Sides& sides,
-               QWidget* parent);
+    frmCompare(const ChangeSet& changes, const CIndicator& before, const CIndicator& after,
+               const Sides& sides, QWidget* parent);
 
   signals:
     void Chosen(const QString& key);

@@ -17,7 +17,7 @@ namespace {
 constexpr int kWidth = 440;
 constexpr int kHostWidth = 240;
 constexpr int kPortWidth = 80;
-}
+}  // namespace
 
 frmConnect::frmConnect(AppContext& app, LinkDesk& desk, QWidget* parent)
     : QDialog(parent),

@@ -223,10 +223,12 @@ void frmDownload::EnableControls() {
 
 void frmDownload::cmdBrowse_Click() {
     const ResourceTexts& texts = app_.model.texts;
-    const QString file = dialogs_.AskOpenFile(
-        this, {PlainCaption(Say(texts, say::kProgramFile)), Shown(app_.settings.LastFolder),
-               {Say(texts, say::kProgramFiles) + QStringLiteral(" (*.cod)"), Say(texts, 112) + QStringLiteral(" (*.*)")},
-               QStringLiteral("cod")});
+    const QString file =
+        dialogs_.AskOpenFile(this, {PlainCaption(Say(texts, say::kProgramFile)),
+                                    Shown(app_.settings.LastFolder),
+                                    {Say(texts, say::kProgramFiles) + QStringLiteral(" (*.cod)"),
+                                     Say(texts, 112) + QStringLiteral(" (*.*)")},
+                                    QStringLiteral("cod")});
     if (!file.isEmpty()) txtFilename_->setText(file);
 }
 
@@ -304,7 +306,8 @@ void frmDownload::Errors(const std::string& text) {
 
 void frmDownload::Notice(const std::string& title, const std::string& text) {
     const QString heading = title.empty() ? windowTitle() : Shown(title);
-    Tell(dialogs_, app_.model.texts, this, title.empty() ? Tone::Information : Tone::Warning, heading, Shown(text));
+    Tell(dialogs_, app_.model.texts, this, title.empty() ? Tone::Information : Tone::Warning, heading,
+         Shown(text));
 }
 
 }  // namespace calyx::ui

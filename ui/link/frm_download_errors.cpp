@@ -18,14 +18,17 @@ frmDownloadErrors::frmDownloadErrors(const ResourceTexts& texts, const std::vect
     setObjectName(QStringLiteral("frmDownloadErrors"));
     setWindowTitle(Say(texts, say::kErrorsTitle));
     setAttribute(Qt::WA_DeleteOnClose);
-    auto* list = new PaneList(Say(texts, say::kErrorsTitle), {Say(texts, say::kErrorLine), Say(texts, say::kErrorReason)}, 1);
+    auto* list = new PaneList(Say(texts, say::kErrorsTitle),
+                              {Say(texts, say::kErrorLine), Say(texts, say::kErrorReason)}, 1);
     std::vector<PaneList::Row> rows;
-    for (const FailedLine& line : failed) rows.push_back({.cells = {ShownValue(line.line), Shown(line.reason)}});
+    for (const FailedLine& line : failed)
+        rows.push_back({.cells = {ShownValue(line.line), Shown(line.reason)}});
     list->SetRows(std::move(rows));
 
     auto* copy = new QPushButton(Say(texts, say::kCopyErrors));
     copy->setAutoDefault(false);
-    connect(copy, &QPushButton::clicked, list, [list] { QGuiApplication::clipboard()->setText(list->AsText()); });
+    connect(copy, &QPushButton::clicked, list,
+            [list] { QGuiApplication::clipboard()->setText(list->AsText()); });
     auto* close = new QPushButton(Say(texts, say::kCloseMnemonic));
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);

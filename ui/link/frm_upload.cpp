@@ -18,7 +18,11 @@ constexpr int kWidth = 420;
 }
 
 frmUpload::frmUpload(const ResourceTexts& texts, QWidget* parent)
-    : QDialog(parent), texts_(texts), status_(new QLabel), received_(new QLabel), elapsed_(new ElapsedLabel(texts)) {
+    : QDialog(parent),
+      texts_(texts),
+      status_(new QLabel),
+      received_(new QLabel),
+      elapsed_(new ElapsedLabel(texts)) {
     setObjectName(QStringLiteral("frmUpload"));
     setWindowTitle(Say(texts, say::kUploadTitle));
     setWindowModality(Qt::WindowModal);

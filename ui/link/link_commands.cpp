@@ -17,7 +17,7 @@ namespace calyx::ui {
 namespace {
 constexpr int kOpening = 109;  // resource texts
 constexpr int kCheckAfterUpload = 1018;
-}
+}  // namespace
 
 LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs,
                            LinkDesk& desk, QWidget* window)
@@ -33,6 +33,7 @@ QString LinkCommands::Text(int number) const {
 }
 
 bool LinkCommands::Free() {
+    desk_.NoticeLoss();
     if (!desk_.Busy()) return true;
     Tell(dialogs_, app_.model.texts, window_, Tone::Information, Text(say::kBusyTitle), Text(say::kBusy));
     return false;
@@ -88,12 +89,12 @@ void LinkCommands::Disconnect() {
 void LinkCommands::WithConnection(const std::function<void()>& next) {
     if (!Free()) return;
     if (desk_.Connected()) return next();
-    const int answer =
-        dialogs_.Ask(window_, {Tone::Question,
-                               Text(say::kNeedConnectionTitle),
-                               Text(say::kNeedConnection),
-                               {},
-                               {Text(say::kConnectVerb), PlainCaption(Text(say::kSimulated)), Text(say::kCancel)}});
+    const int answer = dialogs_.Ask(
+        window_, {Tone::Question,
+                  Text(say::kNeedConnectionTitle),
+                  Text(say::kNeedConnection),
+                  {},
+                  {Text(say::kConnectVerb), PlainCaption(Text(say::kSimulated)), Text(say::kCancel)}});
     if (answer == 0) OpenConnectDialog(next);
     if (answer != 1) return;
     ConnectSimulated();
@@ -111,6 +112,9 @@ void LinkCommands::SendNow() {
 }
 
 void LinkCommands::EndOfDownload(const DownloadReport& report) {
+    for (const FailedLine& failed : report.failed) {
+        emit Logged(Say(app_.model.texts, say::kLogRefused, ShownValue(failed.line)));
+    }
     emit Logged(Say(app_.model.texts, say::kLogDownload, QString::number(report.accepted),
                     QString::number(report.total), QString::number(report.failed.size())));
     if (report.end == DownloadReport::End::Complete) {
@@ -140,9 +144,9 @@ void LinkCommands::ReadNow() {
     } catch (const Error& error) {
         return Fail(error);
     }
-    const QString path =
-        dialogs_.AskSaveFile(window_, {Text(say::kUploadFile), files_.Folder(), files_.ConfigurationFilters(),
-                                       QStringLiteral("mrn")});
+    const QString path = dialogs_.AskSaveFile(
+        window_,
+        {Text(say::kUploadFile), files_.Folder(), files_.ConfigurationFilters(), QStringLiteral("mrn")});
     if (path.isEmpty() || !AskReplace(dialogs_, texts, window_, path)) return;
     if (const auto report = FetchDump()) OpenRead(path, report->text);
 }
@@ -205,8 +209,8 @@ void LinkCommands::CompareNow() {
     for (const Change& change : changes.Changes()) differing.insert(Upper(change.key));
     emit Compared(differing);
     auto* dialog = new frmCompare(changes, session_.Document(), indicator,
-                                  {Text(say::kCompareTitle), Text(say::kDocumentSide), Text(say::kIndicatorSide),
-                                   Text(say::kCompareSame)},
+                                  {Text(say::kCompareTitle), Text(say::kDocumentSide),
+                                   Text(say::kIndicatorSide), Text(say::kCompareSame)},
                                   window_);
     connect(dialog, &frmCompare::Chosen, this, &LinkCommands::Chosen);
     dialog->open();

@@ -23,8 +23,8 @@ class LinkCommands : public QObject {
     Q_OBJECT
 
   public:
-    LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs, LinkDesk& desk,
-                 QWidget* window);
+    LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs,
+                 LinkDesk& desk, QWidget* window);
 
     void Connect();
     void ConnectSimulated();
@@ -45,7 +45,7 @@ class LinkCommands : public QObject {
     void SentChanged();
     void CheckWanted();
     void Compared(const std::set<std::string>& differing);  // keys, in capitals
-    void Chosen(const QString& key);  // in a list of differences
+    void Chosen(const QString& key);                        // in a list of differences
 
   private:
     bool Free();

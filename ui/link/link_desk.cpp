@@ -7,14 +7,21 @@
 
 namespace calyx::ui {
 
+namespace {
+constexpr int kLookEvery = 1000;  // ms
+}
+
 LinkDesk::LinkDesk(AppContext& app)
     : app_(app),
       users_(app.settings, app.model.texts, [&app](const Error& error) { app.Record(error); }),
       settings_(users_),
       transports_(std::make_unique<TransportFactory>(app.model.texts, clock_)),
-      link_(std::make_unique<CIndicatorComm>(LinkParts{*transports_, clock_, settings_, app.model.texts, app.cancel,
-                                                       app.folders.userData + "commlog.txt"})) {
+      link_(std::make_unique<CIndicatorComm>(LinkParts{*transports_, clock_, settings_, app.model.texts,
+                                                       app.cancel, app.folders.userData + "commlog.txt"})) {
     link_->AddObserver(*this);
+    look_.setInterval(kLookEvery);
+    connect(&look_, &QTimer::timeout, this, &LinkDesk::NoticeLoss);
+    look_.start();
 }
 
 LinkDesk::~LinkDesk() {
@@ -48,6 +55,13 @@ void LinkDesk::OpenLink() {
     identification_ = ShownValue(Trim(link_->ReadVersion(app_.model.target)));
     connected_ = true;
     emit Logged(Say(app_.model.texts, say::kLogIdentified, identification_));
+    emit DeviceChanged();
+}
+
+void LinkDesk::NoticeLoss() {
+    if (Busy() || !connected_ || link_->Connected()) return;
+    connected_ = false;
+    emit Logged(Say(app_.model.texts, say::kLogDisconnected));
     emit DeviceChanged();
 }
 

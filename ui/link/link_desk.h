@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <QTimer>
 #include <memory>
 
 #include "app/context.h"
@@ -28,6 +29,8 @@ class LinkDesk : public QObject, private ILinkEvents {
     void GiveUpOpening() { giveUp_ = true; }
     void Close();
 
+    // Takes notice of a link that the other end has closed; done by itself every second too.
+    void NoticeLoss();
     bool Connected() const { return connected_ && link_->Connected(); }
     bool Simulated() const { return settings_.Simulated(); }
     const QString& Identification() const { return identification_; }  // "V3.10.02 MERRIN"
@@ -72,6 +75,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     bool connected_ = false;
     bool giveUp_ = false;
     int uses_ = 0;
+    QTimer look_;
 };
 
 }  // namespace calyx::ui

@@ -7,10 +7,12 @@
 namespace calyx::ui {
 
 ctlChanges::ctlChanges(DocumentSession& session)
-    : PaneList(Say(session.Context().texts, say::kChangesTab),
-               {Say(session.Context().texts, say::kParameterHeading), Say(session.Context().texts, say::kKeyHeading),
-                Say(session.Context().texts, say::kSavedHeading), Say(session.Context().texts, say::kNowHeading)},
-               3),
+    : PaneList(
+          Say(session.Context().texts, say::kChangesTab),
+          {Say(session.Context().texts, say::kParameterHeading),
+           Say(session.Context().texts, say::kKeyHeading), Say(session.Context().texts, say::kSavedHeading),
+           Say(session.Context().texts, say::kNowHeading)},
+          3),
       session_(session) {
     setObjectName(QStringLiteral("ctlChanges"));
     SetEmptyText(Say(session.Context().texts, say::kNoChanges));
@@ -30,8 +32,8 @@ void ctlChanges::Refresh() {
     std::vector<Row> rows;
     rows.reserve(changes.Count());
     for (const Change& change : changes.Changes()) {
-        rows.push_back({.cells = {LabelOf(session_.Document(), change.key), Shown(change.key), side(change.before),
-                                  side(change.after)},
+        rows.push_back({.cells = {LabelOf(session_.Document(), change.key), Shown(change.key),
+                                  side(change.before), side(change.after)},
                         .key = KeyText(change.key),
                         .action = undo});
     }

@@ -150,7 +150,8 @@ void ctlLines::FillVersions() {
         target_->addItem(Say(texts, words, name), Shown(prefix));
     };
     if (connected_ && VersionBit(*connected_) == kUnknownVersion) add(*connected_);
-    for (auto version = kVersions.rbegin(); version != kVersions.rend(); ++version) add(std::string(*version));
+    for (auto version = kVersions.rbegin(); version != kVersions.rend(); ++version)
+        add(std::string(*version));
     SetVersion(chosen);
 }
 

@@ -7,10 +7,11 @@
 namespace calyx::ui {
 
 ctlProblems::ctlProblems(DocumentSession& session)
-    : PaneList(Say(session.Context().texts, say::kProblemsTab),
-               {Say(session.Context().texts, say::kProblemHeading), Say(session.Context().texts, say::kWhereHeading),
-                Say(session.Context().texts, say::kKeyHeading)},
-               0),
+    : PaneList(
+          Say(session.Context().texts, say::kProblemsTab),
+          {Say(session.Context().texts, say::kProblemHeading),
+           Say(session.Context().texts, say::kWhereHeading), Say(session.Context().texts, say::kKeyHeading)},
+          0),
       session_(session) {
     setObjectName(QStringLiteral("ctlProblems"));
     SetEmptyText(Say(session.Context().texts, say::kNoProblems));
@@ -23,10 +24,11 @@ void ctlProblems::Refresh() {
     std::vector<Row> rows;
     rows.reserve(rules_.size());
     for (const BrokenRule& rule : rules_) {
-        rows.push_back({.cells = {Shown(rule.text), WhereWords(session_.Document(), rule.key), Shown(rule.key)},
-                        .key = KeyText(rule.key),
-                        .action = rule.key.empty() ? QString() : goTo,
-                        .problem = true});
+        rows.push_back(
+            {.cells = {Shown(rule.text), WhereWords(session_.Document(), rule.key), Shown(rule.key)},
+             .key = KeyText(rule.key),
+             .action = rule.key.empty() ? QString() : goTo,
+             .problem = true});
     }
     SetRows(std::move(rows));
 }

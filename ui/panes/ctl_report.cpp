@@ -10,10 +10,11 @@ namespace calyx::ui {
 using Kind = ReadNote::Kind;
 
 ctlReport::ctlReport(DocumentSession& session)
-    : PaneList(Say(session.Context().texts, say::kReportTab),
-               {Say(session.Context().texts, say::kLineHeading), Say(session.Context().texts, say::kTextHeading),
-                Say(session.Context().texts, say::kNoteHeading)},
-               1),
+    : PaneList(
+          Say(session.Context().texts, say::kReportTab),
+          {Say(session.Context().texts, say::kLineHeading), Say(session.Context().texts, say::kTextHeading),
+           Say(session.Context().texts, say::kNoteHeading)},
+          1),
       session_(session) {
     setObjectName(QStringLiteral("ctlReport"));
     SetEmptyText(Say(session.Context().texts, say::kNoReport));

@@ -20,12 +20,13 @@ int LineHeight() {
 
 }  // namespace
 
-void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
     const bool chosen = option.state.testFlag(QStyle::State_Selected);
     const QString reason = index.data(LinesModel::kReasonRole).toString();
     const QPalette& palette = option.palette;
     if (chosen) painter->fillRect(option.rect, palette.color(role::kAccent));
-    const QColor text = palette.color(chosen                ? role::kOnAccent
+    const QColor text = palette.color(chosen             ? role::kOnAccent
                                       : reason.isEmpty() ? QPalette::Text
                                                          : role::kQuietText);
 
@@ -34,13 +35,15 @@ void LineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
     line.setHeight(LineHeight());
     if (index.data(LinesModel::kChangedRole).toBool()) {
         const QRect mark(line.left(), line.top() + (line.height() - kMark) / 2, kMark, kMark);
-        Icon(IconName::Changed).paint(painter, mark, Qt::AlignCenter, chosen ? QIcon::Selected : QIcon::Normal);
+        Icon(IconName::Changed)
+            .paint(painter, mark, Qt::AlignCenter, chosen ? QIcon::Selected : QIcon::Normal);
     }
     line.setLeft(line.left() + kMark);
     painter->setPen(text);
     painter->setFont(FixedFont());
-    painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
-                      painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, line.width()));
+    painter->drawText(
+        line, Qt::AlignLeft | Qt::AlignVCenter,
+        painter->fontMetrics().elidedText(index.data().toString(), Qt::ElideRight, line.width()));
     if (!reason.isEmpty()) {
         line.moveTop(line.bottom() + 1 - kLead);
         painter->setFont(TextFont(TextSize::Small));

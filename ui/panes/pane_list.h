@@ -19,8 +19,9 @@ class PaneList : public QStackedWidget {
   public:
     struct Row {
         QStringList cells = {};
-        QString key = {};     // parameter that the row is about; empty: none
-        QString action = {};  // caption of what can be done with the row, in a column of its own; empty: nothing
+        QString key = {};  // parameter that the row is about; empty: none
+        QString action =
+            {};  // caption of what can be done with the row, in a column of its own; empty: nothing
         bool problem = false;
         friend bool operator==(const Row&, const Row&) = default;
     };

@@ -23,10 +23,10 @@ QString LabelOf(const CIndicator& document, std::string_view key) {
             const auto row = item->Find(key);
             if (!row) continue;
             const int label = item->Info(*row).more.label;
-            return label == 0 ? Shown(key) : Say(document.Context().texts, label);
+            return label == 0 ? QString() : Say(document.Context().texts, label);
         }
     }
-    return Shown(key);
+    return {};
 }
 
 }  // namespace calyx::ui

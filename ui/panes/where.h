@@ -9,7 +9,7 @@ namespace calyx::ui {
 
 // Where a parameter stands, in words: "Scales, Scale 2", "General". Empty for a key of no section.
 QString WhereWords(const CIndicator& document, std::string_view key);
-// The parameter's caption; the key itself where it has none.
+// The parameter's caption; empty where it has none.
 QString LabelOf(const CIndicator& document, std::string_view key);
 
 }  // namespace calyx::ui

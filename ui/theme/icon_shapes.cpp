@@ -60,6 +60,10 @@ std::string_view IconStrokes(IconName name) {
             return "O 8 8 7 D 8 4.6 1 M 8 7 L 8 12";
         case IconName::Close:
             return "M 3 3 L 13 13 M 13 3 L 3 13";
+        case IconName::Previous:
+            return "M 10 3 L 5 8 L 10 13";
+        case IconName::Next:
+            return "M 6 3 L 11 8 L 6 13";
         case IconName::Calendar:
             return "M 1 3 L 15 3 L 15 15 L 1 15 Z M 1 6 L 15 6 M 5 1 L 5 3 M 11 1 L 11 3 D 5 9 0.9 D 8 9 0.9 "
                    "D 11 9 0.9 "

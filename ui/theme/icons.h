@@ -34,8 +34,10 @@ enum class IconName {
     Info,
     Close,
     Calendar,
+    Previous,
+    Next,
 };
-inline constexpr int kIconCount = static_cast<int>(IconName::Calendar) + 1;
+inline constexpr int kIconCount = static_cast<int>(IconName::Next) + 1;
 
 // Drawn when asked for, in the colours of the palette of the day and sharp at any size and screen
 // ratio. `size` is what it tells as its own size; it can be painted larger or smaller. Marks have the

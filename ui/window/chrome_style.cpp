@@ -73,14 +73,16 @@ QSize ChromeStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
 QRect ChromeStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option, SubControl part,
                                   const QWidget* widget) const {
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
-    if (control != CC_ScrollBar || bar == nullptr) return CalyxStyle::subControlRect(control, option, part, widget);
+    if (control != CC_ScrollBar || bar == nullptr)
+        return CalyxStyle::subControlRect(control, option, part, widget);
     const bool upright = bar->orientation == Qt::Vertical;
     const int length = upright ? bar->rect.height() : bar->rect.width();
     const int range = bar->maximum - bar->minimum;
-    const int wanted = static_cast<int>(static_cast<qint64>(length) * bar->pageStep / std::max(1, range + bar->pageStep));
+    const int wanted =
+        static_cast<int>(static_cast<qint64>(length) * bar->pageStep / std::max(1, range + bar->pageStep));
     const int slider = range == 0 ? length : std::clamp(wanted, std::min(kLeastSlider, length), length);
-    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition, length - slider,
-                                              bar->upsideDown);
+    const int start = sliderPositionFromValue(bar->minimum, bar->maximum, bar->sliderPosition,
+                                              length - slider, bar->upsideDown);
     const auto along = [&](int from, int size) {
         return upright ? QRect(0, from, bar->rect.width(), size) : QRect(from, 0, size, bar->rect.height());
     };
@@ -105,12 +107,15 @@ void ChromeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         case PE_PanelItemViewRow:
             return DrawRow(option, painter);
         case PE_FrameTabBarBase:
-            return painter->fillRect(QRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1),
-                                     option->palette.color(role::kDivider));
+            return painter->fillRect(
+                QRect(option->rect.left(), option->rect.bottom(), option->rect.width(), 1),
+                option->palette.color(role::kDivider));
         case PE_FrameFocusRect:
             painter->setPen(option->palette.color(role::kAccent));
             painter->setBrush(Qt::NoBrush);
             return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+        case PE_PanelScrollAreaCorner:
+            return painter->fillRect(option->rect, option->palette.color(role::kWindow));
         case PE_FrameTabWidget:
         case PE_PanelMenuBar:
         case PE_PanelStatusBar:
@@ -145,8 +150,8 @@ void ChromeStyle::drawControl(ControlElement element, const QStyleOption* option
     }
 }
 
-void ChromeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
-                                     const QWidget* widget) const {
+void ChromeStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                     QPainter* painter, const QWidget* widget) const {
     if (control == CC_ScrollBar) return DrawScrollBar(option, painter, widget);
     CalyxStyle::drawComplexControl(control, option, painter, widget);
 }
@@ -207,8 +212,8 @@ void ChromeStyle::DrawProgress(const QStyleOption* option, QPainter* painter, bo
     painter->setBrush(palette.color(groove ? role::kDivider : role::kAccent));
     if (!groove) {
         const bool endless = bar->minimum == bar->maximum;
-        const double part = endless ? 0.3
-                                    : static_cast<double>(bar->progress - bar->minimum) / (bar->maximum - bar->minimum);
+        const double part =
+            endless ? 0.3 : static_cast<double>(bar->progress - bar->minimum) / (bar->maximum - bar->minimum);
         // Endless: the piece stands where the clock says, there and back in two seconds.
         const auto phase = static_cast<double>(QDateTime::currentMSecsSinceEpoch() % 2000) / 1000.0;
         if (endless) rect.translate(rect.width() * 0.7 * (phase < 1 ? phase : 2 - phase), 0);
@@ -218,13 +223,15 @@ void ChromeStyle::DrawProgress(const QStyleOption* option, QPainter* painter, bo
     painter->restore();
 }
 
-void ChromeStyle::DrawScrollBar(const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const {
+void ChromeStyle::DrawScrollBar(const QStyleOptionComplex* option, QPainter* painter,
+                                const QWidget* widget) const {
     const QPalette& palette = option->palette;
     painter->fillRect(option->rect, palette.color(role::kWindow));
     const auto* bar = qstyleoption_cast<const QStyleOptionSlider*>(option);
     if (bar == nullptr || bar->minimum == bar->maximum) return;
     const bool upright = bar->orientation == Qt::Vertical;
-    const QRect slider = proxy()->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget)
+    const QRect slider = proxy()
+                             ->subControlRect(CC_ScrollBar, option, SC_ScrollBarSlider, widget)
                              .adjusted(upright ? kSliderInset : 1, upright ? 1 : kSliderInset,
                                        upright ? -kSliderInset : -1, upright ? -1 : -kSliderInset);
     const bool held = Has(option, State_Sunken) || (option->activeSubControls & SC_ScrollBarSlider) != 0;

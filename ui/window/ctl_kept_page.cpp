@@ -51,9 +51,10 @@ ctlKeptPage::ctlKeptPage(DocumentSession& session, const Place& place)
     connect(&session_, &DocumentSession::Changed, this, &ctlKeptPage::BecomeStale);
     connect(&session_, &DocumentSession::Replaced, this, &ctlKeptPage::BecomeStale);
     connect(&session_, &DocumentSession::Saved, this, &ctlKeptPage::BecomeStale);
-    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this](const QModelIndex& now) {
-        if (view_->hasFocus() && now.isValid()) emit KeyFocused(model_->KeyAt(now.row()));
-    });
+    connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& now) {
+                if (view_->hasFocus() && now.isValid()) emit KeyFocused(model_->KeyAt(now.row()));
+            });
 }
 
 void ctlKeptPage::showEvent(QShowEvent* event) {

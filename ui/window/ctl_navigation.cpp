@@ -16,13 +16,14 @@ constexpr int kWidth = 208;
 
 }  // namespace
 
-ctlNavigation::ctlNavigation(const ResourceTexts& texts, Settings& settings) : texts_(texts), settings_(settings) {
+ctlNavigation::ctlNavigation(const ResourceTexts& texts, Settings& settings)
+    : texts_(texts), settings_(settings) {
     setObjectName(QStringLiteral("ctlNavigation"));
     setAccessibleName(Say(texts, say::kNavigationName));
     setHeaderHidden(true);
     setItemDelegate(new PlaceDelegate(this));
     setFrameShape(QFrame::NoFrame);
-    setIndentation(metrics::kRelated);
+    setIndentation(metrics::kGroups);
     setUniformRowHeights(true);
     setExpandsOnDoubleClick(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -58,14 +59,17 @@ QSize ctlNavigation::sizeHint() const {
 
 const Place* ctlNavigation::Current() const {
     const QTreeWidgetItem* item = currentItem();
-    return item == nullptr ? nullptr : static_cast<const Place*>(item->data(0, PlaceDelegate::kPlaceRole).value<const void*>());
+    return item == nullptr
+               ? nullptr
+               : static_cast<const Place*>(item->data(0, PlaceDelegate::kPlaceRole).value<const void*>());
 }
 
 QTreeWidgetItem* ctlNavigation::ItemOf(const Place& place) const {
     for (int group = 0; group < topLevelItemCount(); ++group) {
         QTreeWidgetItem* top = topLevelItem(group);
         for (int i = 0; i < top->childCount(); ++i) {
-            if (top->child(i)->data(0, PlaceDelegate::kPlaceRole).value<const void*>() == &place) return top->child(i);
+            if (top->child(i)->data(0, PlaceDelegate::kPlaceRole).value<const void*>() == &place)
+                return top->child(i);
         }
     }
     return nullptr;
@@ -87,7 +91,8 @@ void ctlNavigation::SetProblems(const std::map<const Place*, int>& counts) {
         QTreeWidgetItem* item = ItemOf(*place);
         const auto found = counts.find(place);
         const int count = found == counts.end() ? 0 : found->second;
-        const QString words = count == 0 ? QString() : Say(texts_, say::kProblemsHere, QString::number(count));
+        const QString words =
+            count == 0 ? QString() : Say(texts_, say::kProblemsHere, QString::number(count));
         item->setData(0, PlaceDelegate::kCountRole, count);
         item->setToolTip(0, words);
         item->setData(0, Qt::AccessibleDescriptionRole, words);

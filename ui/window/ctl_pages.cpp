@@ -52,8 +52,8 @@ const Page& ctlPages::PageOf(const Place& place) {
     const auto found = pages_.find(&place);
     if (found != pages_.end()) return found->second;
     const PageEvents events{[this](const QString& key) { emit KeyFocused(key); },
-                            [this](const QString& key) { emit ShowInLines(key); }, [this] { emit OpenWanted(); },
-                            [this] { emit ReadWanted(); }};
+                            [this](const QString& key) { emit ShowInLines(key); },
+                            [this] { emit OpenWanted(); }, [this] { emit ReadWanted(); }};
     const Page page = MakePageOf(session_, place, events);
     stack_->addWidget(page.widget);
     if (!differing_.empty()) page.setDiffering(differing_);

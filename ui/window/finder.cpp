@@ -36,7 +36,8 @@ void Finder::Read(const CIndicator& document) {
             for (std::size_t row = 0; row < item->RowCount(); ++row) {
                 const More& more = item->Info(row).more;
                 const QString key = KeyText(item->Key(row));
-                const QString group = more.group == 0 ? QString() : QStringLiteral(" · ") + Say(texts, more.group);
+                const QString group =
+                    more.group == 0 ? QString() : QStringLiteral(" · ") + Say(texts, more.group);
                 entries_.push_back({{key, more.label == 0 ? key : Say(texts, more.label),
                                      ShownValue(DisplayText(*item, row)), where + group},
                                     ShownValue(item->Text(row)),

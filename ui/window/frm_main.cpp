@@ -35,7 +35,8 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
       status_(new ctlStatus(app.model.texts)),
       toolBar_(new QToolBar),
       device_(new QToolButton),
-      parts_{new QSplitter(Qt::Horizontal), new QSplitter(Qt::Vertical), actions_->viewLines, actions_->viewPanes} {
+      parts_{new QSplitter(Qt::Horizontal), new QSplitter(Qt::Vertical), actions_->viewLines,
+             actions_->viewPanes} {
     setObjectName(QStringLiteral("frmMain"));
     setAcceptDrops(true);
     MakeWindow();

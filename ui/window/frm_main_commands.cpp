@@ -58,12 +58,14 @@ void frmMain::ShowTitle() {
 
 void frmMain::ShowSteps() {
     const ResourceTexts& texts = app_.model.texts;
-    const auto show = [&texts](QAction* action, int plain, int named, const std::optional<std::string>& step) {
+    const auto show = [&texts](QAction* action, int plain, int named,
+                               const std::optional<std::string>& step) {
         QString name = step ? Shown(*step) : QString();
         name.replace(QLatin1Char('&'), QStringLiteral("&&"));
         action->setText(step ? Say(texts, named, name) : Say(texts, plain));
         action->setIconText(PlainCaption(Say(texts, plain)));
-        action->setToolTip(step ? PlainCaption(Say(texts, named, Shown(*step))) : PlainCaption(Say(texts, plain)));
+        action->setToolTip(step ? PlainCaption(Say(texts, named, Shown(*step)))
+                                : PlainCaption(Say(texts, plain)));
     };
     show(actions_->editUndo, say::kUndo, say::kUndoStep, session_.UndoName());
     show(actions_->editRedo, say::kRedo, say::kRedoStep, session_.RedoName());
@@ -138,7 +140,7 @@ void frmMain::ShowFacts() {
     status_->SetTarget(
         Say(app_.model.texts, target.cb2 ? say::kTargetCb2 : say::kTarget, VersionName(target.prefix)));
     const bool connected = desk_.Connected();
-    const QString state = !connected         ? Text(say::kNotConnected)
+    const QString state = !connected          ? Text(say::kNotConnected)
                           : desk_.Simulated() ? PlainCaption(Text(say::kSimulated))
                                               : desk_.Where();
     // A ring or a disc: seen without colour.

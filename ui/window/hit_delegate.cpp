@@ -11,7 +11,8 @@ namespace {
 constexpr int kLead = 4;  // above the first and below the second line
 }
 
-void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                        const QModelIndex& index) const {
     const bool chosen = option.state.testFlag(QStyle::State_Selected);
     const QPalette& palette = option.palette;
     if (chosen) painter->fillRect(option.rect, palette.color(role::kAccent));
@@ -23,7 +24,8 @@ void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     painter->save();
     painter->setFont(TextFont(TextSize::Body));
     QRect line(area.left(), area.top(), area.width(), body.height());
-    const QString value = body.elidedText(index.data(kValueRole).toString(), Qt::ElideRight, line.width() / 2);
+    const QString value =
+        body.elidedText(index.data(kValueRole).toString(), Qt::ElideRight, line.width() / 2);
     painter->setPen(quiet);
     painter->drawText(line, Qt::AlignRight | Qt::AlignVCenter, value);
     painter->setPen(text);
@@ -34,7 +36,8 @@ void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, c
     painter->setFont(TextFont(TextSize::Small));
     painter->setPen(quiet);
     line = QRect(area.left(), line.bottom() + 1, area.width(), area.bottom() - line.bottom());
-    const QString below = index.data(kKeyRole).toString() + QStringLiteral("  ") + index.data(kWhereRole).toString();
+    const QString below =
+        index.data(kKeyRole).toString() + QStringLiteral("  ") + index.data(kWhereRole).toString();
     painter->drawText(line, Qt::AlignLeft | Qt::AlignVCenter,
                       painter->fontMetrics().elidedText(below, Qt::ElideRight, line.width()));
     painter->restore();

@@ -28,7 +28,8 @@ void KeptModel::Refresh() {
     std::unordered_set<std::string> saved;
     for (const KeyValue& line : session_.SavedLines()) saved.insert(Upper(line.key) + "=" + line.value);
     changed_.clear();
-    for (const KeyValue& line : lines) changed_.push_back(!saved.contains(Upper(line.key) + "=" + line.value));
+    for (const KeyValue& line : lines)
+        changed_.push_back(!saved.contains(Upper(line.key) + "=" + line.value));
 
     const bool sameKeys = std::equal(lines.begin(), lines.end(), lines_.begin(), lines_.end(),
                                      [](const KeyValue& a, const KeyValue& b) { return a.key == b.key; });
@@ -90,7 +91,8 @@ Qt::ItemFlags KeptModel::flags(const QModelIndex& index) const {
 
 QVariant KeptModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal) return {};
-    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    if (role == Qt::TextAlignmentRole)
+        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
     if (role != Qt::DisplayRole) return {};
     return Say(session_.Context().texts, section == kKeyColumn ? say::kKeptKey : say::kKeptValue);
 }

@@ -8,7 +8,8 @@
 
 namespace calyx::ui {
 
-void PlaceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const {
+void PlaceDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                          const QModelIndex& index) const {
     QStyledItemDelegate::paint(painter, option, index);
     const int count = index.data(kCountRole).toInt();
     if (count == 0) return;

@@ -56,8 +56,9 @@ void KeepLayout(Settings& settings, const QMainWindow& window, const WindowParts
     settings.WindowHeight = place.height();
     settings.WindowMaximized = window.isMaximized();
     const QList<int> shown{parts.showLines->isChecked() ? 1 : 0, parts.showPanes->isChecked() ? 1 : 0};
-    settings.WindowLayout = Utf8(
-        QStringList{Words(parts.columns->sizes()), Words(parts.rows->sizes()), Words(shown)}.join(QLatin1Char(';')));
+    settings.WindowLayout =
+        Utf8(QStringList{Words(parts.columns->sizes()), Words(parts.rows->sizes()), Words(shown)}.join(
+            QLatin1Char(';')));
 }
 
 void RestoreLayout(const Settings& settings, QMainWindow& window, const WindowParts& parts) {

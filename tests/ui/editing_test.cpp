@@ -1,0 +1,112 @@
+#include <QLabel>
+#include <QLineEdit>
+#include <QTreeView>
+
+#include "tests/ui/main_window.h"
+
+using namespace calyx;
+using namespace calyx::test;
+
+// Editing, undo and the panes that follow, through the real window.
+class EditingTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void TypingIsOneStepAndUndoGoesBackToClean();
+    void UndoMovesTheViewToWhatChanged();
+    void KeptLinesAreEditedInPlace();
+    void ChangesAreTakenBackOneByOne();
+    void ProblemsLeadToTheirField();
+    void UndoWithNothingSaysWhy();
+};
+
+void EditingTest::TypingIsOneStepAndUndoGoesBackToClean() {
+    MainWindow main;
+    QVERIFY(!main.window->isWindowModified());
+    auto* field = main.Find<QLineEdit>("UID");
+    main.window->ShowParameter("UID");
+    QTRY_VERIFY(field->hasFocus());
+    field->selectAll();
+    QTest::keyClicks(field, "GATE");
+    QTest::keyClick(field, Qt::Key_Return);
+    QCOMPARE(main.Value("UID"), "GATE");
+    QVERIFY(main.window->isWindowModified());
+    QVERIFY(main.Find<QAction>("editUndo")->text().contains("Unit ID"));
+
+    QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);  // the document's undo, not the field's
+    QCOMPARE(main.Value("UID"), "1");
+    QCOMPARE(field->text(), "1");
+    QVERIFY(!main.window->isWindowModified());
+    QTest::keyClick(field, Qt::Key_Y, Qt::ControlModifier);
+    QCOMPARE(main.Value("UID"), "GATE");
+    main.dialogs.Answer("Discard changes");
+    QVERIFY(main.window->close());
+    VERIFY_DIALOGS(main);
+}
+
+void EditingTest::UndoMovesTheViewToWhatChanged() {
+    MainWindow main;
+    main.window->Session().SetParameter("DSPRATE", "500", false);
+    main.Choose("viewNext");
+    QCOMPARE(main.Status("pageHeading"), "Hardware");
+    main.Choose("editUndo");
+    QCOMPARE(main.Status("pageHeading"), "General");
+    QTRY_VERIFY(main.Find<QLineEdit>("DSPRATE")->hasFocus());
+    QCOMPARE(main.Value("DSPRATE"), "200");
+    QVERIFY(main.Status("statusMessage").contains("Display rate"));
+}
+
+void EditingTest::KeptLinesAreEditedInPlace() {
+    MainWindow main;
+    QVERIFY(main.Open("batching-plant.mrn"));
+    main.window->ShowParameter("SC.GRADS#1");
+    QCOMPARE(main.Status("pageHeading"), "Scales");
+    auto* list = main.Find<QTreeView>("keptList");
+    QCOMPARE(list->currentIndex().data().toString(), "5000");
+    QVERIFY(list->model()->setData(list->currentIndex(), "4000"));
+    QCOMPARE(main.Value("SC.GRADS#1"), "4000");
+    main.Choose("editUndo");
+    QCOMPARE(list->currentIndex().data().toString(), "5000");
+    QVERIFY(!main.window->isWindowModified());
+}
+
+void EditingTest::ChangesAreTakenBackOneByOne() {
+    MainWindow main;
+    main.window->Session().SetParameter("UID", "A", false);
+    main.window->Session().SetParameter("DSPRATE", "400", false);
+    auto& changes = main.window->Panes().Changes();
+    QTRY_COMPARE(changes.Count(), 2);
+    QTRY_VERIFY(main.Status("statusFile").contains("2 changes"));
+    main.window->Panes().setCurrentWidget(&changes);
+    changes.View()->setFocus();
+    changes.View()->setCurrentIndex(changes.View()->model()->index(0, 0));
+    const QString first = changes.Rows().front().key;
+    QTest::keyClick(changes.View(), Qt::Key_Space);
+    QCOMPARE(changes.Count(), 1);
+    QVERIFY(changes.Rows().front().key != first);
+    main.Choose("editUndo");  // taking back is a step of its own
+    QTRY_COMPARE(changes.Count(), 2);
+}
+
+void EditingTest::ProblemsLeadToTheirField() {
+    MainWindow main;
+    main.window->Session().SetParameter("CONTACT.EMAIL", "nobody", false);
+    auto& problems = main.window->Panes().Problems();
+    QTRY_COMPARE(problems.Count(), 1);
+    main.Choose("viewNext");
+    QVERIFY(!main.Find<QLineEdit>("CONTACT.EMAIL")->isVisible());
+    emit problems.View()->activated(problems.View()->model()->index(0, 0));
+    QTRY_VERIFY(main.Find<QLineEdit>("CONTACT.EMAIL")->hasFocus());
+    main.window->Session().SetParameter("CONTACT.EMAIL", "a@plant.example", false);
+    QTRY_COMPARE(problems.Count(), 0);
+}
+
+void EditingTest::UndoWithNothingSaysWhy() {
+    MainWindow main;
+    QVERIFY(main.Find<QAction>("editUndo")->isEnabled());
+    main.Choose("editUndo");
+    QVERIFY(main.Status("statusMessage").startsWith("Nothing to undo"));
+}
+
+QTEST_MAIN(EditingTest)
+#include "editing_test.moc"

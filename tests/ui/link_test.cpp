@@ -1,0 +1,182 @@
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QTimer>
+
+#include "tests/ui/main_window.h"
+#include "ui/panes/pane_list.h"
+
+using namespace calyx;
+using namespace calyx::test;
+
+// The Indicator menu against the simulated indicator, over a real socket.
+class LinkTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void SentIsReadBackAndEqual();
+    void RefusedLinesAreCountedAndShown();
+    void AbortEndsALineInFlight();
+    void SendingAsksForAConnection();
+    void UnreachableHostIsToldInTheDialog();
+    void OldFirmwareSetsTheTarget();
+    void DownloadOptionsAreKept();
+};
+
+namespace {
+
+void ConnectSimulated(MainWindow& main) {
+    main.Choose("linkSimulated");
+    QVERIFY(main.window->Desk().Connected());
+}
+
+void SendEverything(MainWindow& main) {
+    main.Choose("linkSend");
+    for (QCheckBox* box : main.Dialog("frmDownload")->findChildren<QCheckBox*>()) {
+        if (box->objectName() != "chkCODFile") box->setChecked(box->isEnabled());
+    }
+    main.Press("frmDownload", "cmdStart");
+}
+
+QString DialogText(MainWindow& main, const char* dialog, const char* label) {
+    return main.Dialog(dialog)->findChild<QLabel*>(QLatin1String(label))->text();
+}
+
+}  // namespace
+
+void LinkTest::SentIsReadBackAndEqual() {
+    MainWindow main;
+    QVERIFY(main.Open("truck-scale.mrn"));
+    ConnectSimulated(main);
+    QVERIFY(main.Status("statusDevice").contains("V3.10.02 MERRIN"));
+    SendEverything(main);
+    QCOMPARE(DialogText(main, "frmDownload", "lblDownloadErrors"), "Errors: 0");
+    QCOMPARE(DialogText(main, "frmDownload", "lblStatus"), "The download is complete.");
+    main.Press("frmDownload", "cmdClose");
+    QVERIFY(main.Status("statusDevice").contains("sent"));
+
+    main.Choose("linkCompare");
+    QVERIFY(DialogText(main, "frmCompare", "lblCount").startsWith("No differences"));
+    main.Press("frmCompare", "cmdClose");
+    QTRY_VERIFY(main.Dialog("frmCompare") == nullptr);
+    main.window->Session().SetParameter("UID", "OTHER", false);
+    main.Choose("linkCompare");
+    const auto rows = main.Dialog("frmCompare")->findChild<ui::PaneList*>("differences")->Rows();
+    QCOMPARE(rows.size(), std::size_t{1});
+    QCOMPARE(rows.front().key, "UID");
+    main.Press("frmCompare", "cmdClose");
+    main.Choose("editUndo");
+
+    const auto before = main.window->Session().Document().Lines();
+    main.dialogs.AnswerFile(main.Path("read.mrn"));
+    main.dialogs.Answer("Check it");
+    main.Choose("linkRead");
+    QVERIFY(main.Status("statusFile").startsWith("read.mrn"));
+    const ChangeSet different = Difference(before, main.window->Session().Document().Lines());
+    for (const Change& change : different.Changes()) {
+        // The indicator tells its own version and keeps to itself which cards are in it.
+        QVERIFY2(change.key == "VERSION" || change.key == "HARDWARE", change.key.c_str());
+    }
+    QCOMPARE(main.window->Panes().currentWidget(), &main.window->Panes().Problems());
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::RefusedLinesAreCountedAndShown() {
+    MainWindow main;
+    ConnectSimulated(main);
+    main.window->Desk().Simulator()->AddFault("refuse:UID*");
+    main.dialogs.Answer("View errors");
+    SendEverything(main);
+    QCOMPARE(DialogText(main, "frmDownload", "lblDownloadErrors"), "Errors: 1");
+    QVERIFY(main.dialogs.asked.back().text.startsWith("There were 1 error(s) encountered"));
+    const auto* errors = main.Dialog("frmDownload")->findChild<QDialog*>("frmDownloadErrors");
+    QVERIFY(errors->findChild<ui::PaneList*>()->AsText().startsWith("UID=1\t"));
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::AbortEndsALineInFlight() {
+    MainWindow main;
+    ConnectSimulated(main);
+    main.window->Desk().Simulator()->AddFault("silent");
+    main.Choose("linkSend");
+    QTimer::singleShot(0, [&] {
+        QVERIFY(main.window->Desk().Busy());
+        main.Choose("linkCompare");  // a second exchange is refused
+        QVERIFY(!main.window->close());
+        main.Press("frmDownload", "cmdAbort");
+    });
+    main.Press("frmDownload", "cmdStart");
+    QVERIFY(DialogText(main, "frmDownload", "lblStatus").startsWith("The download was aborted"));
+    QVERIFY(!main.window->Desk().Busy());
+    QCOMPARE(main.dialogs.asked.size(), 2);
+    for (const ui::Question& told : main.dialogs.asked) QCOMPARE(told.title, "The link is in use");
+}
+
+void LinkTest::SendingAsksForAConnection() {
+    MainWindow main;
+    main.dialogs.Answer("Cancel");
+    main.Choose("linkSend");
+    QVERIFY(main.Dialog("frmDownload") == nullptr);
+    main.dialogs.Answer("Connect...");
+    main.Choose("linkSend");
+    main.Press("frmConnect", "cmdSimulated");
+    QTRY_VERIFY(main.Dialog("frmDownload") != nullptr);  // it goes on once connected
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::UnreachableHostIsToldInTheDialog() {
+    std::uint16_t closedPort = 0;
+    {
+        sim::TcpSimulator gone(sim::SimulatorOptions{});
+        closedPort = gone.Port();
+    }
+    MainWindow main;
+    main.Choose("linkConnect");
+    auto* dialog = main.Dialog("frmConnect");
+    dialog->findChild<QLineEdit*>("txtHost")->setText("127.0.0.1");
+    dialog->findChild<QLineEdit*>("txtPort")->setText(QString::number(closedPort));
+    main.Press("frmConnect", "cmdConnect");
+    QVERIFY(dialog->isVisible());
+    QVERIFY(DialogText(main, "frmConnect", "lblNote").contains(QString::number(closedPort)));
+    dialog->findChild<QLineEdit*>("txtPort")->setText("0");
+    main.Press("frmConnect", "cmdConnect");
+    QVERIFY(DialogText(main, "frmConnect", "lblNote").contains("65535"));
+    QVERIFY(main.Status("statusDevice").startsWith("Not connected"));
+}
+
+void LinkTest::OldFirmwareSetsTheTarget() {
+    sim::SimulatorOptions options;
+    options.version = "V2.08.01 CB2 MERRIN";
+    sim::TcpSimulator indicator(options);
+    MainWindow main;
+    main.window->Desk().Open("127.0.0.1", indicator.Port());
+    QCOMPARE(main.Status("statusTarget"), "Target 2.08 with CB2");
+    QVERIFY(main.Find<ui::ctlLines>("ctlLines")
+                ->findChild<QComboBox*>("linesTarget")
+                ->findText("as sent to 2.08 (connected)") > 0);
+    QCOMPARE(main.app->settings.TCPPort, static_cast<std::int16_t>(indicator.Port()));
+    indicator.Stop();
+    QTRY_VERIFY(!main.window->Desk().Link().Connected());
+    main.dialogs.Answer("Cancel");
+    main.Choose("linkSend");  // notices the loss and offers to connect
+    QVERIFY(main.Status("statusDevice").startsWith("Not connected"));
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::DownloadOptionsAreKept() {
+    MainWindow main;
+    QVERIFY(main.Open("batching-plant.mrn"));
+    ConnectSimulated(main);
+    main.app->settings.DownloadOptions = 1 + 8;  // base and widgets; this configuration has no widgets
+    main.Choose("linkSend");
+    auto* dialog = main.Dialog("frmDownload");
+    QVERIFY(dialog->findChild<QCheckBox*>("chkBase")->isChecked());
+    QVERIFY(!dialog->findChild<QCheckBox*>("chkWidgets")->isEnabled());
+    dialog->findChild<QCheckBox*>("chkSetpoints")->setChecked(true);
+    main.Press("frmDownload", "cmdClose");
+    QCOMPARE(main.app->settings.DownloadOptions, 1 + 4 + 8);
+}
+
+QTEST_MAIN(LinkTest)
+#include "link_test.moc"

@@ -1,0 +1,197 @@
+#include <QAbstractButton>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QMenu>
+#include <QRegularExpression>
+#include <QTreeView>
+
+#include "tests/ui/main_window.h"
+#include "ui/mod_main.h"
+#include "ui/panes/lines_model.h"
+
+using namespace calyx;
+using namespace calyx::test;
+
+// The lines pane, the find box, the window as a whole.
+class ViewsTest : public QObject {
+    Q_OBJECT
+
+  private slots:
+    void LinesShowWhatAFirmwareGets();
+    void LinesAndFieldsLeadToEachOther();
+    void LinesFollowEveryEdit();
+    void FindJumpsToFieldsAndKeptLines();
+    void FindSaysWhenNothingFits();
+    void TextsAreThereAndMnemonicsUnique();
+    void ListsHaveNames();
+    void LayoutIsKept();
+    void CommandLine_data();
+    void CommandLine();
+};
+
+namespace {
+
+QModelIndex LineOf(QListView* list, const QString& key) {
+    const auto* model = qobject_cast<ui::LinesModel*>(list->model());
+    return model->index(model->Find(key));
+}
+
+void CollectTexts(const QWidget& parent, QStringList& texts) {
+    for (const auto* label : parent.findChildren<QLabel*>()) texts += label->text();
+    for (const auto* button : parent.findChildren<QAbstractButton*>()) texts += button->text();
+    for (const auto* action : parent.findChildren<QAction*>()) texts += action->text();
+    for (const auto* view : parent.findChildren<QAbstractItemView*>()) texts += view->accessibleName();
+    texts += parent.windowTitle();
+}
+
+}  // namespace
+
+void ViewsTest::LinesShowWhatAFirmwareGets() {
+    MainWindow main;
+    auto* list = main.Find<QListView>("linesList");
+    auto* lines = main.Find<ui::ctlLines>("ctlLines");
+    QVERIFY(LineOf(list, "IMAGE").data(ui::LinesModel::kReasonRole).toString().isEmpty());
+    lines->SetVersion("3.07.");
+    QVERIFY(LineOf(list, "IMAGE").data(ui::LinesModel::kReasonRole).toString().contains("3.05 to 3.06"));
+    QVERIFY(!lines->SentText().contains("IMAGE="));
+    QVERIFY(!lines->SentText().contains("VERSION="));
+    QVERIFY(lines->SentText().contains("ALIBI="));
+    lines->SetCb2(true);
+    QVERIFY(lines->SentText().contains("IMAGE="));
+    QCOMPARE(main.Find<QComboBox>("linesTarget")->count(), 1 + static_cast<int>(kVersions.size()));
+    QCOMPARE(main.app->model.target.prefix, "3.10.");  // a matter of the view alone
+}
+
+void ViewsTest::LinesAndFieldsLeadToEachOther() {
+    MainWindow main;
+    auto* list = main.Find<QListView>("linesList");
+    emit list->clicked(LineOf(list, "DSPRATE"));
+    QTRY_VERIFY(main.Find<QLineEdit>("DSPRATE")->hasFocus());
+    QTest::keyClick(main.Find<QLineEdit>("DSPRATE"), Qt::Key_Tab);
+    QTRY_VERIFY(!main.Find<QLineEdit>("DSPRATE")->hasFocus());
+    QTRY_VERIFY(list->currentIndex() != LineOf(list, "DSPRATE"));
+    QCOMPARE(list->currentIndex().data(ui::LinesModel::kKeyRole).toString(),
+             QApplication::focusWidget()->objectName());
+}
+
+void ViewsTest::LinesFollowEveryEdit() {
+    MainWindow main;
+    auto* list = main.Find<QListView>("linesList");
+    main.window->Session().SetParameter("UID", "NORTH", false);
+    QTRY_COMPARE(LineOf(list, "UID").data().toString(), "UID=NORTH");
+    QVERIFY(LineOf(list, "UID").data(ui::LinesModel::kChangedRole).toBool());
+    QVERIFY(!LineOf(list, "LAT.LOC").isValid());
+    main.window->Session().SetParameter("GRAVADJ", "ON", false);
+    QTRY_VERIFY(LineOf(list, "LAT.LOC").isValid());
+}
+
+void ViewsTest::FindJumpsToFieldsAndKeptLines() {
+    MainWindow main;
+    QVERIFY(main.Open("batching-plant.mrn"));
+    main.window->ShowParameter("UID");
+    auto* field = main.Find<QLineEdit>("UID");
+    QTRY_VERIFY(field->hasFocus());
+    auto* find = main.Find<ui::ctlFind>("ctlFind");
+    QTest::keyClick(field, Qt::Key_K, Qt::ControlModifier);
+    QTRY_VERIFY(find->hasFocus());
+    QTest::keyClicks(find, "agghop");  // the value of a kept line
+    QVERIFY(find->HitCount() >= 1);
+    QTest::keyClick(find, Qt::Key_Return);
+    QCOMPARE(main.Status("pageHeading"), "Scales");
+    QCOMPARE(main.Find<QTreeView>("keptList")->currentIndex().data().toString(), "AggHop");
+
+    QTest::keyClick(main.window.get(), Qt::Key_K, Qt::ControlModifier);
+    QTest::keyClicks(find, "display rate");
+    QTest::keyClick(find, Qt::Key_Return);
+    QTRY_VERIFY(main.Find<QLineEdit>("DSPRATE")->hasFocus());
+}
+
+void ViewsTest::FindSaysWhenNothingFits() {
+    MainWindow main;
+    auto* find = main.Find<ui::ctlFind>("ctlFind");
+    main.Choose("editFind");
+    QTest::keyClicks(find, "zzzz");
+    QCOMPARE(find->HitCount(), 0);
+    QVERIFY(main.Find<QWidget>("findPopup")->isVisible());
+    QTest::keyClick(find, Qt::Key_Escape);
+    QVERIFY(!main.Find<QWidget>("findPopup")->isVisible());
+    QTRY_VERIFY(!find->hasFocus());
+}
+
+void ViewsTest::TextsAreThereAndMnemonicsUnique() {
+    MainWindow main;
+    main.Choose("helpParameters");
+    main.Choose("helpKeyboard");
+    main.Choose("linkConnect");
+    QStringList texts;
+    CollectTexts(*main.window, texts);
+    for (const QDialog* dialog : main.window->findChildren<QDialog*>()) CollectTexts(*dialog, texts);
+    for (const QString& text : texts)
+        QVERIFY2(!text.contains(QRegularExpression("#\\d{3,}$")), qPrintable(text));
+
+    emit main.Find<QMenu>("menuLinesShown")->aboutToShow();
+    for (const QMenu* menu : main.window->findChildren<QMenu*>()) {
+        QStringList letters;
+        for (const QAction* action : menu->actions()) {
+            const auto match = QRegularExpression("(?<!&)&([^&])").match(action->text());
+            if (match.hasMatch()) letters += match.captured(1).toUpper();
+        }
+        QVERIFY2(letters.removeDuplicates() == 0, qPrintable(menu->title()));
+    }
+}
+
+void ViewsTest::ListsHaveNames() {
+    MainWindow main;
+    main.Choose("viewNext");
+    for (const QAbstractItemView* view : main.window->findChildren<QAbstractItemView*>()) {
+        const bool inside = qobject_cast<const QComboBox*>(view->parent()->parent()) != nullptr ||
+                            view->inherits("QHeaderView");  // these speak for their owner
+        QVERIFY2(inside || !view->accessibleName().isEmpty(), view->metaObject()->className());
+    }
+}
+
+void ViewsTest::LayoutIsKept() {
+    MainWindow main;
+    main.window->resize(1100, 700);
+    main.Find<QAction>("viewLines")->setChecked(false);
+    auto* navigation = main.Find<ui::ctlNavigation>("ctlNavigation");
+    navigation->topLevelItem(2)->setExpanded(false);
+    main.window->close();
+    main.Restart();
+    QCOMPARE(main.window->size(), QSize(1100, 700));
+    QVERIFY(!main.Find<ui::ctlLines>("ctlLines")->isVisible());
+    navigation = main.Find<ui::ctlNavigation>("ctlNavigation");
+    QVERIFY(!navigation->topLevelItem(2)->isExpanded());
+    QVERIFY(navigation->topLevelItem(1)->isExpanded());
+    QCOMPARE(main.app->settings.BarGroup[2], std::int16_t{1});
+}
+
+void ViewsTest::CommandLine_data() {
+    QTest::addColumn<QStringList>("words");
+    QTest::addColumn<int>("exitCode");
+    QTest::addColumn<bool>("runs");
+    QTest::newRow("nothing") << QStringList{} << 0 << true;
+    QTest::newRow("file and folders")
+        << QStringList{"a.mrn", "--user-dir", "u", "--data-dir", "d"} << 0 << true;
+    QTest::newRow("picture") << QStringList{"--theme", "dark", "--screenshot", "a.png", "--size", "800x600"}
+                             << 0 << true;
+    QTest::newRow("help") << QStringList{"--help"} << 0 << false;
+    QTest::newRow("two files") << QStringList{"a.mrn", "b.mrn"} << 2 << false;
+    QTest::newRow("unknown option") << QStringList{"--nonsense"} << 2 << false;
+    QTest::newRow("unknown theme") << QStringList{"--theme", "pink"} << 2 << false;
+    QTest::newRow("no size") << QStringList{"--size", "big"} << 2 << false;
+}
+
+void ViewsTest::CommandLine() {
+    QFETCH(QStringList, words);
+    QFETCH(int, exitCode);
+    QFETCH(bool, runs);
+    const auto line = ui::modMain::Parse(QStringList{"calyx"} + words);
+    QCOMPARE(line.exitCode, exitCode);
+    QCOMPARE(line.answer.isEmpty(), runs);
+}
+
+QTEST_MAIN(ViewsTest)
+#include "views_test.moc"
