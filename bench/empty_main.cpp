@@ -1,0 +1,3 @@
+// The least that a program can be: the floor for the start of calyx-cli.
+
+int main() {}
