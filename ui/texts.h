@@ -288,4 +288,11 @@ inline constexpr int kKeyChoose = 20636;
 inline constexpr int kKeyAct = 20637;
 inline constexpr int kNothingFits = 20638;
 
+// texts of other rooms that the windows use too
+inline constexpr int kOpening = 109;
+inline constexpr int kConfigurations = 111;
+inline constexpr int kAllFiles = 112;
+inline constexpr int kReplaceQuestion = 1013;
+inline constexpr int kCheckAfterUpload = 1018;
+
 }  // namespace calyx::ui::say

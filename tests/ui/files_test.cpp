@@ -1,5 +1,7 @@
+#include <QDropEvent>
 #include <QLabel>
 #include <QMenu>
+#include <QMimeData>
 
 #include "tests/ui/main_window.h"
 
@@ -22,6 +24,8 @@ class FilesTest : public QObject {
     void RecentFilesAreKept();
     void ListingAndImportFileAreWritten();
     void TwoFilesAreCompared();
+    void DroppedFilesOpenOrAreCompared();
+    void FailedSaveLeavesEverything();
 };
 
 void FilesTest::SamplesOpenAnywayAndSaveByteForByte_data() {
@@ -186,6 +190,43 @@ void FilesTest::TwoFilesAreCompared() {
         return row.key == "UID" && row.cells.contains("SILO3") && row.cells.contains("GATE-N");
     });
     QVERIFY(found);
+}
+
+void FilesTest::DroppedFilesOpenOrAreCompared() {
+    MainWindow main;
+    const auto drop = [&](const QStringList& samples) {
+        QMimeData data;
+        QList<QUrl> urls;
+        for (const QString& sample : samples) urls += QUrl::fromLocalFile(sample);
+        data.setUrls(urls);
+        QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(main.window.get(), &enter);
+        QVERIFY(enter.isAccepted());
+        QDropEvent event(QPointF(10, 10), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(main.window.get(), &event);
+    };
+    const QString silo = MainWindow::Sample("silo.mrn"), truck = MainWindow::Sample("truck-scale.mrn");
+    main.dialogs.Answer("Open anyway");
+    drop({silo});
+    QTRY_VERIFY(main.window->windowTitle().startsWith("silo.mrn"));
+    drop({silo, truck});
+    QTRY_VERIFY(main.Dialog("frmCompare") != nullptr);
+    drop({silo, truck, silo});
+    QTRY_VERIFY(main.Status("statusMessage").contains("two to compare"));
+    VERIFY_DIALOGS(main);
+}
+
+void FilesTest::FailedSaveLeavesEverything() {
+    MainWindow main;
+    main.window->Session().SetParameter("UID", "X", false);
+    main.dialogs.AnswerFile(main.Path("no/such/folder/a.mrn"));
+    main.dialogs.Answer("Close");
+    main.Choose("fileSaveAs");
+    QVERIFY(main.dialogs.asked.back().details.contains("20002"));
+    QVERIFY(main.window->isWindowModified());
+    QVERIFY(main.window->Session().Document().IsNew());
+    QVERIFY(Bytes(main.Path("errorlog.txt")).contains("20002"));
+    VERIFY_DIALOGS(main);
 }
 
 QTEST_MAIN(FilesTest)

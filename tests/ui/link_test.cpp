@@ -22,6 +22,8 @@ class LinkTest : public QObject {
     void UnreachableHostIsToldInTheDialog();
     void OldFirmwareSetsTheTarget();
     void DownloadOptionsAreKept();
+    void ReadingCanBeCancelled();
+    void NotInSetupModeSendsNothing();
 };
 
 namespace {
@@ -176,6 +178,36 @@ void LinkTest::DownloadOptionsAreKept() {
     dialog->findChild<QCheckBox*>("chkSetpoints")->setChecked(true);
     main.Press("frmDownload", "cmdClose");
     QCOMPARE(main.app->settings.DownloadOptions, 1 + 4 + 8);
+}
+
+void LinkTest::ReadingCanBeCancelled() {
+    MainWindow main;
+    ConnectSimulated(main);
+    main.window->Session().SetParameter("UID", "MINE", false);
+    main.dialogs.Answer("Discard changes");
+    main.dialogs.AnswerFile(main.Path("read.mrn"));
+    main.app->settings.CommDelayTime = 500;  // so that the dump is waited for until Cancel is pressed
+    main.window->Desk().Link().InitComm();
+    main.window->Desk().Simulator()->AddFault("silent");
+    QTimer::singleShot(300, [&] { main.Press("frmUpload", "cmdCancel"); });
+    main.Choose("linkRead");
+    QVERIFY(!QFile::exists(main.Path("read.mrn")));
+    QCOMPARE(main.Value("UID"), "MINE");
+    QVERIFY(!main.window->Desk().Busy());
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::NotInSetupModeSendsNothing() {
+    MainWindow main;
+    ConnectSimulated(main);
+    main.window->Desk().Simulator()->AddFault("notsetup");
+    SendEverything(main);
+    QVERIFY(main.dialogs.asked.back().text.startsWith("The indicator is not in setup mode"));
+    QCOMPARE(main.dialogs.asked.size(), 1);
+    const auto received = main.window->Desk().Simulator()->Snapshot().received;
+    QCOMPARE(std::count_if(received.begin(), received.end(),
+                           [](const std::string& line) { return line.find('=') != std::string::npos; }),
+             0);
 }
 
 QTEST_MAIN(LinkTest)

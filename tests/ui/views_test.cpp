@@ -27,6 +27,9 @@ class ViewsTest : public QObject {
     void TextsAreThereAndMnemonicsUnique();
     void ListsHaveNames();
     void LayoutIsKept();
+    void PagesAreWalkedByKeys();
+    void LooksAreSwitchedAndKept();
+    void ParameterReferenceFilters();
     void CommandLine_data();
     void CommandLine();
 };
@@ -36,6 +39,23 @@ namespace {
 QModelIndex LineOf(QListView* list, const QString& key) {
     const auto* model = qobject_cast<ui::LinesModel*>(list->model());
     return model->index(model->Find(key));
+}
+
+// Letters that two captions below a widget share. Menus have their own.
+QString SharedLetters(const QWidget& parent) {
+    QStringList captions, letters;
+    for (const auto* label : parent.findChildren<QLabel*>()) {
+        if (label->buddy() != nullptr) captions += label->text();
+    }
+    for (const auto* button : parent.findChildren<QAbstractButton*>()) captions += button->text();
+    QString shared;
+    for (const QString& caption : captions) {
+        const auto match = QRegularExpression("(?<!&)&([^&])").match(caption);
+        if (!match.hasMatch()) continue;
+        if (letters.contains(match.captured(1).toUpper())) shared += match.captured(1);
+        letters += match.captured(1).toUpper();
+    }
+    return shared;
 }
 
 void CollectTexts(const QWidget& parent, QStringList& texts) {
@@ -124,10 +144,19 @@ void ViewsTest::TextsAreThereAndMnemonicsUnique() {
     MainWindow main;
     main.Choose("helpParameters");
     main.Choose("helpKeyboard");
+    main.Choose("linkSimulated");
+    main.Choose("linkSend");
+    main.dialogs.Answer("Disconnect");
     main.Choose("linkConnect");
     QStringList texts;
     CollectTexts(*main.window, texts);
-    for (const QDialog* dialog : main.window->findChildren<QDialog*>()) CollectTexts(*dialog, texts);
+    const auto dialogs = main.window->findChildren<QDialog*>();
+    QCOMPARE(dialogs.size(), 4);
+    for (const QDialog* dialog : dialogs) {
+        CollectTexts(*dialog, texts);
+        QVERIFY2(SharedLetters(*dialog).isEmpty(), qPrintable(dialog->windowTitle()));
+    }
+    QCOMPARE(SharedLetters(*main.Find<ui::ctlPages>("ctlPages")), "");
     for (const QString& text : texts)
         QVERIFY2(!text.contains(QRegularExpression("#\\d{3,}$")), qPrintable(text));
 
@@ -166,6 +195,43 @@ void ViewsTest::LayoutIsKept() {
     QVERIFY(!navigation->topLevelItem(2)->isExpanded());
     QVERIFY(navigation->topLevelItem(1)->isExpanded());
     QCOMPARE(main.app->settings.BarGroup[2], std::int16_t{1});
+}
+
+void ViewsTest::PagesAreWalkedByKeys() {
+    MainWindow main;
+    QStringList headings{main.Status("pageHeading")};
+    for (std::size_t i = 1; i < ui::AllPlaces().size(); ++i) {
+        QTest::keyClick(main.window.get(), Qt::Key_PageDown, Qt::ControlModifier);
+        headings += main.Status("pageHeading");
+    }
+    QCOMPARE(headings.removeDuplicates(), 0);
+    QTest::keyClick(main.window.get(), Qt::Key_PageDown, Qt::ControlModifier);  // stops at the end
+    QCOMPARE(main.Status("pageHeading"), headings.back());
+    QTest::keyClick(main.window.get(), Qt::Key_PageUp, Qt::ControlModifier);
+    QCOMPARE(main.Status("pageHeading"), headings[headings.size() - 2]);
+}
+
+void ViewsTest::LooksAreSwitchedAndKept() {
+    MainWindow main;
+    const auto window = [] { return QApplication::palette().color(QPalette::Window); };
+    for (QAction* look : main.Find<QMenu>("menuLook")->actions()) {
+        look->trigger();
+        QCOMPARE(main.app->settings.Theme, look->data().toString().toStdString());
+        const bool dark = look->data().toString() == "dark";
+        if (!look->data().toString().isEmpty()) QCOMPARE(window().lightness() < 128, dark);
+        QVERIFY(!main.window->grab().isNull());
+    }
+}
+
+void ViewsTest::ParameterReferenceFilters() {
+    MainWindow main;
+    main.Choose("helpParameters");
+    auto* list = main.Dialog("frmParameters")->findChild<ui::PaneList*>();
+    const int all = list->Count();
+    main.Dialog("frmParameters")->findChild<QLineEdit*>("filter")->setText("image");
+    QVERIFY(list->Count() >= 1 && list->Count() < all);
+    QVERIFY(list->AsText().contains("IMAGE\t"));
+    QVERIFY(list->AsText().contains("3.05 to 3.06"));
 }
 
 void ViewsTest::CommandLine_data() {

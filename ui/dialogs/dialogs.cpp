@@ -7,10 +7,6 @@
 
 namespace calyx::ui {
 
-namespace {
-constexpr int kReplaceQuestion = 1013;
-}
-
 void Tell(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, Tone tone, const QString& title,
           const QString& text, const QString& details) {
     dialogs.Ask(parent, {tone, title, text, details, {Say(texts, say::kClose)}});
@@ -30,7 +26,7 @@ bool AskReplace(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, c
     if (!QFileInfo::exists(path)) return true;
     return dialogs.Ask(parent, {Tone::Warning,
                                 Say(texts, say::kReplaceTitle),
-                                Say(texts, kReplaceQuestion),
+                                Say(texts, say::kReplaceQuestion),
                                 path,
                                 {Say(texts, say::kReplace), Say(texts, say::kKeep)}}) == 0;
 }

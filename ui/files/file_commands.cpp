@@ -12,8 +12,6 @@ namespace calyx::ui {
 
 namespace {
 
-constexpr int kConfigurations = 111;  // resource texts of file filters
-constexpr int kAllFiles = 112;
 constexpr const char* kNewName = "Untitled.mrn";
 
 bool CanBeOpenedAnyway(int errorCode) {
@@ -38,8 +36,8 @@ QString FileCommands::Folder() const {
 }
 
 QStringList FileCommands::ConfigurationFilters() const {
-    return {Say(app_.model.texts, kConfigurations) + QStringLiteral(" (*.mrn)"),
-            Say(app_.model.texts, kAllFiles) + QStringLiteral(" (*.*)")};
+    return {Say(app_.model.texts, say::kConfigurations) + QStringLiteral(" (*.mrn)"),
+            Say(app_.model.texts, say::kAllFiles) + QStringLiteral(" (*.*)")};
 }
 
 QStringList FileCommands::Recent() const {
@@ -159,7 +157,7 @@ void FileCommands::GenerateImportFile() {
     const ResourceTexts& texts = app_.model.texts;
     const QString path = AskTarget(say::kImportTitle, PathWithout(QStringLiteral(".src")),
                                    {Say(texts, say::kImportFiles) + QStringLiteral(" (*.src)"),
-                                    Say(texts, kAllFiles) + QStringLiteral(" (*.*)")},
+                                    Say(texts, say::kAllFiles) + QStringLiteral(" (*.*)")},
                                    QStringLiteral("src"));
     WriteFile(path, say::kSaveFailed, [&] { session_.Document().GenerateImportFile(Utf8(path)); });
 }

@@ -8,6 +8,7 @@
 #include <QProgressBar>
 #include <QPushButton>
 
+#include "comm/link_texts.h"
 #include "ui/link/elapsed.h"
 #include "ui/link/frm_download_errors.h"
 #include "ui/text.h"
@@ -227,7 +228,7 @@ void frmDownload::cmdBrowse_Click() {
         dialogs_.AskOpenFile(this, {PlainCaption(Say(texts, say::kProgramFile)),
                                     Shown(app_.settings.LastFolder),
                                     {Say(texts, say::kProgramFiles) + QStringLiteral(" (*.cod)"),
-                                     Say(texts, 112) + QStringLiteral(" (*.*)")},
+                                     Say(texts, say::kAllFiles) + QStringLiteral(" (*.*)")},
                                     QStringLiteral("cod")});
     if (!file.isEmpty()) txtFilename_->setText(file);
 }
@@ -255,7 +256,7 @@ void frmDownload::cmdStart_Click() {
         report = download_.Run(session_.Document(), options, app_.model.target.Gated());
     } catch (const Error& error) {
         app_.Record(error);
-        report.status = texts.Text(9523);
+        report.status = texts.Text(link_text::kFailed);
         lblStatus_->setText(Shown(report.status));
         TellError(dialogs_, texts, this, Say(texts, say::kDownloadFailedTitle), error);
     }

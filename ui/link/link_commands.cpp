@@ -14,11 +14,6 @@
 
 namespace calyx::ui {
 
-namespace {
-constexpr int kOpening = 109;  // resource texts
-constexpr int kCheckAfterUpload = 1018;
-}  // namespace
-
 LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs,
                            LinkDesk& desk, QWidget* window)
     : app_(app), session_(session), files_(files), dialogs_(dialogs), desk_(desk), window_(window) {
@@ -164,7 +159,7 @@ void LinkCommands::OpenRead(const QString& path, const std::string& text) {
     if (!files_.OpenPath(path, true)) return;
     const int answer = dialogs_.Ask(window_, {Tone::Question,
                                               Text(say::kCheckTitle),
-                                              Text(kCheckAfterUpload),
+                                              Text(say::kCheckAfterUpload),
                                               {},
                                               {Text(say::kCheckNow), Text(say::kNotNow)}});
     if (answer == 0) emit CheckWanted();
@@ -181,7 +176,7 @@ std::optional<UploadReport> LinkCommands::FetchDump() {
     UploadReport report;
     try {
         report = Upload(desk_.Link(), app_.model.target, texts, progress);
-        progress.Status(texts.Text(kOpening));
+        progress.Status(texts.Text(say::kOpening));
         progress.Finish();
     } catch (const Error& error) {
         progress.Finish();

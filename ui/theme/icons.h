@@ -6,37 +6,15 @@
 
 namespace calyx::ui {
 
+// clang-format off
 enum class IconName {
-    New,
-    Open,
-    Save,
-    Undo,
-    Redo,
-    Connect,
-    Send,
-    Read,
-    Compare,
-    Find,  // commands
-    Problem,
-    Changed,
-    Differs,  // marks on a field
-    General,
-    Hardware,
-    Ports,
-    Scales,
-    Setpoints,
-    Tickets,
-    Screens,
-    Prompts,  // sections
-    Boxes,
-    Fieldbus,
-    Custom,
-    Info,
-    Close,
-    Calendar,
-    Previous,
-    Next,
+    New, Open, Save, Undo, Redo, Connect, Send, Read, Compare, Find,         // commands
+    Problem, Changed, Differs,                                               // marks on a field
+    General, Hardware, Ports, Scales, Setpoints, Tickets, Screens, Prompts,  // sections
+    Boxes, Fieldbus, Custom,
+    Info, Close, Calendar, Previous, Next,
 };
+// clang-format on
 inline constexpr int kIconCount = static_cast<int>(IconName::Next) + 1;
 
 // Drawn when asked for, in the colours of the palette of the day and sharp at any size and screen

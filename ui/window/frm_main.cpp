@@ -54,9 +54,10 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
 }
 
 frmMain::~frmMain() {
-    // Whoever is told by the link goes before the link does.
+    // The views go before the document and the link that they look at.
     desk_.disconnect();
     session_.disconnect();
+    for (QWidget* part : findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) delete part;
 }
 
 void frmMain::MakeWindow() {
@@ -171,12 +172,12 @@ void frmMain::ConnectViews() {
     connect(&link_, &LinkCommands::SentChanged, this, &frmMain::ShowFacts);
     connect(&link_, &LinkCommands::CheckWanted, this, &frmMain::Check);
     connect(&link_, &LinkCommands::Compared, pages_, &ctlPages::SetDiffering);
-    connect(&session_, &DocumentSession::Replaced, pages_, [this] { pages_->SetDiffering({}); });
+    connect(&session_, &DocumentSession::Replaced, pages_, [pages = pages_] { pages->SetDiffering({}); });
     connect(&link_, &LinkCommands::Chosen, this, &frmMain::ShowParameter);
 }
 
 void frmMain::ConnectViewMenu() {
-    const auto shows = [this](QAction* action, QWidget* widget) {
+    const auto shows = [](QAction* action, QWidget* widget) {
         connect(action, &QAction::toggled, widget, &QWidget::setVisible);
     };
     shows(actions_->viewToolBar, toolBar_);

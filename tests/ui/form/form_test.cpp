@@ -1,5 +1,6 @@
 // The page made of the general features' rows.
 
+#include <QAccessible>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
@@ -43,6 +44,11 @@ class FormTest : public QObject {
             QVERIFY2(label != nullptr && label->buddy() == control, key.c_str());
             const QString start = ToShown(key + ". " + form.context.texts.Text(item.Info(row).more.help));
             QVERIFY2(control->accessibleDescription().startsWith(start), key.c_str());
+            if (qobject_cast<QLineEdit*>(control) != nullptr ||
+                qobject_cast<QCheckBox*>(control) != nullptr) {
+                const QString name = QAccessible::queryAccessibleInterface(control)->text(QAccessible::Name);
+                QCOMPARE(name, ToShown(form.context.texts.Text(item.Info(row).more.label)));
+            }
             if (item.Info(row).more.use == Use::Line) {
                 QVERIFY2(control->toolTip().contains(ToShown(key)), key.c_str());
                 QVERIFY2(!control->toolTip().contains("no version"), key.c_str());
