@@ -111,7 +111,7 @@ CIndicator::Taken CIndicator::TakeChanges(const std::vector<Change>& changes, Se
         }
         if (own.empty()) continue;
         Record(*section, taken.changes, [&] {
-            auto refused = section->Take(own, check);
+            auto refused = section->Take(own, check, [this](std::string_view key) { return Value(key); });
             std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
         });
     }

@@ -16,7 +16,7 @@ constexpr std::string_view kBegin = "[BEGIN]";
 constexpr std::string_view kEnd = "[END]";
 constexpr int kDefaultVersion = 126;  // resource text
 
-std::string_view ValueOf(const Dictionary& lines, std::string_view key) {
+std::string_view FirstValue(const Dictionary& lines, std::string_view key) {
     const Dictionary::Entry* entry = lines.Peek(key);
     return entry == nullptr ? std::string_view{} : entry->value;
 }
@@ -41,7 +41,8 @@ void AddFileNotes(const Dictionary& lines, ReadReport& report) {
         }
     }
     for (const auto& entry : lines.Duplicates()) {
-        const std::string first(ValueOf(lines, entry.key));
+        const std::string first(FirstValue(lines, entry.key));
+        if (entry.value == first) continue;  // as a scale of several ranges writes them
         report.Add(
             {Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
     }
@@ -72,19 +73,19 @@ Dictionary CIndicator::LoadDictionary(const std::string& filename) const {
 }
 
 CIndicator::CrcCheck CIndicator::doFileCRCCheck(const Dictionary& lines) const {
-    const std::string_view stored = ValueOf(lines, "@CRC");
+    const std::string_view stored = FirstValue(lines, "@CRC");
     if (Trim(stored).empty()) return CrcCheck::None;
     const auto number = ReadInteger(stored);
     return number && number->value == BodyChecksum(lines.Text()) ? CrcCheck::Equal : CrcCheck::Differs;
 }
 
 bool CIndicator::doRevisionCheck(const Dictionary& lines) const {
-    const std::string_view revision = ValueOf(lines, "@REVISION");
+    const std::string_view revision = FirstValue(lines, "@REVISION");
     return Trim(revision).empty() || VersionPrefix(revision) == VersionPrefix(context_->programVersion);
 }
 
 bool CIndicator::doIndicatorRevisionCheck(const Dictionary& lines) const {
-    return VersionIsAccepted(ValueOf(lines, "VERSION"));
+    return VersionIsAccepted(FirstValue(lines, "VERSION"));
 }
 
 bool CIndicator::VersionIsAccepted(std::string_view version) const {
@@ -99,14 +100,14 @@ void CIndicator::ReadVersions(const Dictionary& lines) {
     const auto orDefault = [&](std::string_view value) {
         return Trim(value).empty() ? context_->texts.Text(kDefaultVersion) : std::string(value);
     };
-    fileVersion_ = orDefault(ValueOf(lines, "@REVISION"));
-    indicatorVersion_ = orDefault(ValueOf(lines, "VERSION"));
+    fileVersion_ = orDefault(FirstValue(lines, "@REVISION"));
+    indicatorVersion_ = orDefault(FirstValue(lines, "VERSION"));
 }
 
 void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename) const {
     const auto failIndicator = [&] {
         Fail(code::kIndicatorRevision, "Load",
-             {filename, ValueOf(lines, "VERSION"), context_->programVersion});
+             {filename, FirstValue(lines, "VERSION"), context_->programVersion});
     };
     switch (doFileCRCCheck(lines)) {
         case CrcCheck::Differs:
@@ -118,7 +119,8 @@ void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename)
             break;
     }
     if (!doRevisionCheck(lines)) {
-        Fail(code::kFileRevision, "Load", {filename, ValueOf(lines, "@REVISION"), context_->programVersion});
+        Fail(code::kFileRevision, "Load",
+             {filename, FirstValue(lines, "@REVISION"), context_->programVersion});
     }
     if (!doIndicatorRevisionCheck(lines)) failIndicator();
 }
@@ -158,7 +160,7 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
     sections_.emplace(std::move(s));
     isNew_ = false;
     filename_ = filename;
-    codFilename_ = ValueOf(lines, "@CODFile");
+    codFilename_ = FirstValue(lines, "@CODFile");
     return report;
 }
 

@@ -58,7 +58,7 @@ void KeptLines::Restore(Dictionary& lines, ReadReport&) {
     MarkSaved();
 }
 
-void KeptLines::Append(std::string& out, const Target&) const {
+void KeptLines::Append(std::string& out, const Target&, std::optional<LinePart>) const {
     for (const KeyValue& line : lines_) out.append(line.key).append(1, '=').append(line.value).append("\r\n");
 }
 

@@ -36,7 +36,8 @@ class KeptLines final : public Item {
 
     void Initialize() override;
     void Restore(Dictionary& lines, ReadReport& report) override;
-    void Append(std::string& out, const Target& target) const override;
+    void Append(std::string& out, const Target& target,
+                std::optional<LinePart> part = std::nullopt) const override;
     bool IsDirty() const override { return saved_ && *saved_ != lines_; }
     void MarkSaved() override { saved_.reset(); }
     std::unique_ptr<Item> Clone() const override { return std::make_unique<KeptLines>(*this); }

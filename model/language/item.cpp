@@ -18,6 +18,14 @@ bool Item::IsWritten(std::size_t row) const {
     return written;
 }
 
+std::vector<bool> Item::WrittenRows() const {
+    std::vector<bool> written(RowCount(), false);
+    EachLine([&](std::size_t line, Gate, bool met) {
+        if (met) written[line] = true;
+    });
+    return written;
+}
+
 std::string DisplayText(const Item& item, std::size_t row) {
     std::string text = item.Text(row);
     const CTextList* list = item.List(row);
@@ -42,7 +50,10 @@ std::string InitialText(const RowInfo& info, int number, const CTextList* list) 
 
 const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context) {
     if (!info.HasList()) return nullptr;
-    const std::string_view name = info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list;
+    return NeedList(info.more.listOf != nullptr ? info.more.listOf(number) : info.more.list, context);
+}
+
+const CTextList* NeedList(std::string_view name, const ModelContext& context) {
     const CTextList* list = context.lists.List(name);
     if (list != nullptr) return list;
     throw Error(code::kNoList, "Calyx.ListCatalogue.List", context.texts.Format(code::kNoList, {name}));
@@ -60,7 +71,7 @@ void ReportUnwritten(ReadReport& report, const Dictionary::Entry& entry) {
 Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view value,
                   const std::string& initial) {
     if (list != nullptr && info.more.older != nullptr) value = info.more.older(value, *list);
-    if (list == nullptr || list->ValidateItem(Trim(value))) return {value};
+    if (list == nullptr || info.more.offered || list->ValidateItem(Trim(value))) return {value};
     switch (info.more.unknown) {
         case Unknown::First:
             return {list->First(), true};

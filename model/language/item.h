@@ -20,7 +20,8 @@ class Item {
   public:
     virtual ~Item() = default;
 
-    virtual int Number() const = 0;  // 1-based; 0: the section has no numbered items
+    virtual int Number() const = 0;          // 1-based; 0: the section has no numbered items
+    virtual int Title() const { return 0; }  // resource text of its name, {1} the number; 0: none
     virtual std::size_t RowCount() const = 0;
     virtual const RowInfo& Info(std::size_t row) const = 0;
     virtual std::string Key(std::size_t row) const = 0;
@@ -37,7 +38,11 @@ class Item {
 
     virtual void Initialize() = 0;
     virtual void Restore(Dictionary& lines, ReadReport& report) = 0;
-    virtual void Append(std::string& out, const Target& target) const = 0;
+    // The lines of one part, or of all; calibration stands behind the parameters.
+    virtual void Append(std::string& out, const Target& target,
+                        std::optional<LinePart> part = std::nullopt) const = 0;
+    // What the values decide together, once lines have been taken as a file has them.
+    virtual void Settle() {}
     virtual bool IsDirty() const = 0;
     virtual void MarkSaved() = 0;
     virtual std::unique_ptr<Item> Clone() const = 0;
@@ -51,6 +56,7 @@ class Item {
     virtual Gate GateOf(std::size_t row) const;
     // Whether the row's line is in the file at present.
     virtual bool IsWritten(std::size_t row) const;
+    std::vector<bool> WrittenRows() const;  // the same for all rows
 };
 
 // The value with the display text of its list entry, or as it stands.
@@ -59,7 +65,9 @@ std::string DisplayText(const Item& item, std::size_t row);
 namespace detail {
 std::string Numbered(std::string_view pattern, int number);  // "{n}" becomes the number
 std::string InitialText(const RowInfo& info, int number, const CTextList* list);
-// Nothing for a row without a list; 20005 for a list that the catalogue does not have.
+// 20005 for a list that the catalogue does not have.
+const CTextList* NeedList(std::string_view name, const ModelContext& context);
+// Nothing for a row without a list.
 const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context);
 // The text to take for a value read from a file: itself, or what a word outside its list becomes.
 struct Checked {
@@ -79,17 +87,28 @@ class RowItem final : public Item {
   public:
     // `suffix` stands behind every stem: "#3", or "" for a plain key.
     RowItem(const RowTable<F>& table, const ModelContext& context, int number = 0, std::string suffix = {})
-        : table_(&table), number_(number), suffix_(std::move(suffix)) {
-        lists_.reserve(table.rows.size());
-        for (const Row<F>& r : table.rows) lists_.push_back(detail::FindList(r, number, context));
+        : table_(&table), context_(&context), number_(number), suffix_(std::move(suffix)) {
+        auto lists = std::make_shared<std::vector<const CTextList*>>();
+        lists->reserve(table.rows.size());
+        for (const Row<F>& r : table.rows) lists->push_back(detail::FindList(r, number, context));
+        lists_ = std::move(lists);
+    }
+    // One more of the same kind, whose lists do not depend on the number: found once for all.
+    RowItem(const RowItem& like, int number, std::string suffix) : RowItem(like) {
+        number_ = number;
+        suffix_ = std::move(suffix);
     }
 
     F fields{};
 
     int Number() const override { return number_; }
+    int Title() const override { return table_->title; }
     std::size_t RowCount() const override { return table_->rows.size(); }
     const Row<F>& Info(std::size_t row) const override { return table_->rows[row]; }
-    const CTextList* List(std::size_t row) const override { return lists_[row]; }
+    const CTextList* List(std::size_t row) const override {
+        const Row<F>& r = Info(row);
+        return r.listBy == nullptr ? (*lists_)[row] : detail::NeedList(r.listBy(fields), *context_);
+    }
     std::string Key(std::size_t row) const override { return KeyOf(Info(row).stem); }
 
     std::string Text(std::size_t row, const Target& target = Target::Everything()) const override {
@@ -98,7 +117,7 @@ class RowItem final : public Item {
         return text;
     }
     std::string InitialText(std::size_t row) const override {
-        return detail::InitialText(Info(row), number_, lists_[row]);
+        return detail::InitialText(Info(row), number_, List(row));
     }
     Taken Take(std::size_t row, std::string_view text) override { return Info(row).take(fields, text); }
     std::span<const std::byte> Place(std::size_t row) const override { return Info(row).place(fields); }
@@ -121,27 +140,31 @@ class RowItem final : public Item {
     }
 
     void Initialize() override {
-        fields = F{};
-        for (std::size_t i = 0; i < RowCount(); ++i) {
-            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
-        }
+        Begin();
         MarkSaved();
     }
 
     void Restore(Dictionary& lines, ReadReport& report) override {
+        if (table_->startOver) Begin();
         std::vector<std::pair<std::size_t, const Dictionary::Entry*>> found;
         found.reserve(RowCount());
         for (std::size_t i = 0; i < RowCount(); ++i) {
-            if (Info(i).more.use == Use::Page) continue;
+            if (!HasLine(Info(i))) continue;
             if (const Dictionary::Entry* entry = RestoreRow(i, lines, report)) found.emplace_back(i, entry);
+            if (!Info(i).more.readAs.empty()) ReportPassedOver(i, lines, report);
         }
-        if (table_->settle != nullptr) table_->settle(fields);
+        Settle();
         ReportUnwritten(found, report);
         MarkSaved();
     }
+    void Settle() override {
+        if (table_->settle != nullptr) table_->settle(fields);
+    }
 
-    void Append(std::string& out, const Target& target) const override {
+    void Append(std::string& out, const Target& target,
+                std::optional<LinePart> part = std::nullopt) const override {
         for (const Line<F>& line : table_->layout(fields)) {
+            if (part && line.part != *part) continue;
             if (!target.Opens(line.gate) || (line.when != nullptr && !line.when(fields))) continue;
             const Row<F>& r = table_->rows[line.row];
             out.append(table_->prefix).append(r.stem).append(suffix_).append(1, '=');
@@ -155,6 +178,17 @@ class RowItem final : public Item {
     std::unique_ptr<Item> Clone() const override { return std::make_unique<RowItem>(*this); }
 
   private:
+    static bool HasLine(const RowInfo& info) {
+        return info.more.use == Use::Line || info.more.use == Use::ReadOnly;
+    }
+    void Begin() {
+        fields = F{};
+        if (table_->begin != nullptr) table_->begin(fields, number_);
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
+        }
+    }
+
     std::string KeyOf(std::string_view stem) const {
         std::string key;
         key.reserve(table_->prefix.size() + stem.size() + suffix_.size());
@@ -164,15 +198,17 @@ class RowItem final : public Item {
     // Lines that were read and that saving will not write again.
     void ReportUnwritten(const std::vector<std::pair<std::size_t, const Dictionary::Entry*>>& found,
                          ReadReport& report) const {
-        std::vector<bool> written(RowCount(), false);
-        for (const Line<F>& line : table_->layout(fields)) {
-            if (line.when == nullptr || line.when(fields)) written[line.row] = true;
-        }
+        const std::vector<bool> written = WrittenRows();
         for (const auto& [row, entry] : found) {
             if (!written[row]) detail::ReportUnwritten(report, *entry);
         }
     }
 
+    // A row that is read under another key than its line's passes its own line over.
+    void ReportPassedOver(std::size_t i, Dictionary& lines, ReadReport& report) {
+        const Dictionary::Entry* own = lines.Find(Key(i));
+        if (own != nullptr && own->value != Text(i)) detail::Report(report, *own, Taken::Not, false, Text(i));
+    }
     const Dictionary::Entry* RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
         const Row<F>& r = Info(i);
         const Dictionary::Entry* entry =
@@ -182,8 +218,9 @@ class RowItem final : public Item {
             if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));
             return nullptr;
         }
-        const std::string initial = lists_[i] == nullptr ? std::string() : InitialText(i);
-        const detail::Checked checked = detail::CheckList(r, lists_[i], entry->value, initial);
+        const CTextList* list = List(i);
+        const std::string initial = list == nullptr ? std::string() : InitialText(i);
+        const detail::Checked checked = detail::CheckList(r, list, entry->value, initial);
         const Taken taken = Take(i, checked.text);
         if (taken != Taken::Whole || checked.replaced) {
             detail::Report(report, *entry, taken, checked.replaced, Text(i));
@@ -192,9 +229,10 @@ class RowItem final : public Item {
     }
 
     const RowTable<F>* table_;
+    const ModelContext* context_;
     int number_;
     std::string suffix_;
-    std::vector<const CTextList*> lists_;  // one a row
+    std::shared_ptr<const std::vector<const CTextList*>> lists_;  // one a row
     F saved_{};
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -7,6 +8,7 @@
 #include <string>
 #include <string_view>
 #include <type_traits>
+#include <utility>
 
 #include "model/language/codec.h"
 
@@ -32,12 +34,14 @@ enum class Use : std::uint8_t {
     Line,      // written and read
     ReadOnly,  // read and shown, never written
     Page,      // a choice on the editor page that stands for several lines; no line of its own
+    State,     // no line either, yet part of what undo and differences keep: a scale's kind
 };
 
 // Said only where it differs from the usual.
 struct More {
     std::string_view list = {};                      // value list in the catalogue
     std::string_view (*listOf)(int item) = nullptr;  // where the list depends on the item's number
+    bool offered = false;                            // the list is a choice to start from, not a limit
     int label = 0;                                   // numbers of resource texts
     int group = 0;                                   // heading on the editor page
     int help = 0;
@@ -68,6 +72,8 @@ struct RowInfo {
     More more = {};
 
     bool HasList() const { return !more.list.empty() || more.listOf != nullptr; }
+    // Whether a word outside the list is a fault.
+    bool IsHeldToList() const { return HasList() && !more.offered; }
 };
 
 // F: the plain struct that holds a section's fields.
@@ -78,6 +84,13 @@ struct Row : RowInfo {
     // Where the value stands, and the member that it is (part of).
     std::span<const std::byte> (*place)(const F& fields) = nullptr;
     const void* (*member)(const F& fields) = nullptr;
+    std::string_view (*listBy)(const F& fields) = nullptr;  // the list, where other values choose it
+
+    consteval Row ListBy(std::string_view (*choose)(const F& fields)) const {
+        Row made = *this;
+        made.listBy = choose;
+        return made;
+    }
 };
 
 namespace detail {
@@ -144,32 +157,113 @@ consteval auto row(std::string_view stem, std::string_view initial, More more = 
     return made;
 }
 
+// A row that no single member and codec say: it writes and takes for itself, over all the fields.
+template <class F>
+consteval Row<F> ownRow(std::string_view stem, std::string_view initial, ValueKind kind,
+                        std::string_view words,
+                        void (*write)(std::string& out, const F& fields, const Target& target),
+                        Taken (*take)(F& fields, std::string_view text), More more = {}) {
+    Row<F> made;
+    made.stem = stem;
+    made.initial = initial;
+    made.kind = kind;
+    made.words = words;
+    made.more = more;
+    made.write = write;
+    made.take = take;
+    made.place = [](const F&) { return std::span<const std::byte>(); };
+    made.member = [](const F&) { return static_cast<const void*>(nullptr); };
+    return made;
+}
+
+// Stems with numbers in them, made at build time: kStem<"WLIN.V", 2, 1> is "WLIN.V2.1".
+template <std::size_t N>
+struct StemText {
+    char chars[N]{};
+    consteval StemText(const char (&text)[N]) { std::copy_n(text, N, chars); }
+};
+namespace detail {
+template <StemText Base, int... Number>
+consteval auto MakeStem() {
+    std::array<char, sizeof(Base.chars) - 1 + 4 * sizeof...(Number)> text{};
+    std::size_t size = 0;
+    for (std::size_t i = 0; i + 1 < sizeof(Base.chars); ++i) text[size++] = Base.chars[i];
+    bool first = true;
+    const auto append = [&](int number) {
+        if (number < 0 || number > 99) throw "stems hold numbers of one or two digits";
+        if (!first) text[size++] = '.';
+        first = false;
+        if (number > 9) text[size++] = static_cast<char>('0' + number / 10);
+        text[size++] = static_cast<char>('0' + number % 10);
+    };
+    (append(Number), ...);
+    return std::pair{text, size};
+}
+template <StemText Base, int... Number>
+inline constexpr auto kStemChars = MakeStem<Base, Number...>();
+}  // namespace detail
+template <StemText Base, int... Number>
+inline constexpr std::string_view kStem{detail::kStemChars<Base, Number...>.first.data(),
+                                        detail::kStemChars<Base, Number...>.second};
+
+// Rows of several runs in one table.
+template <class F, std::size_t... N>
+consteval auto JoinRows(const std::array<Row<F>, N>&... runs) {
+    std::array<Row<F>, (N + ...)> joined{};
+    std::size_t at = 0;
+    const auto append = [&](const auto& run) {
+        for (const Row<F>& one : run) joined[at++] = one;
+    };
+    (append(runs), ...);
+    return joined;
+}
+
+// Which of an item's lines are meant: its parameters, or the calibration that is kept and sent apart.
+enum class LinePart : std::uint8_t { Parameters, Calibration };
+
 // One entry of a layout. A layout is a sequence: a line may stand in it twice.
 template <class F>
 struct Line {
     std::uint16_t row = 0;
     Gate gate = {};
     bool (*when)(const F& fields) = nullptr;
+    LinePart part = LinePart::Parameters;
 };
 template <class F>
 using Layout = std::span<const Line<F>>;
 
 // Makes layout entries from the stems of one table's rows: constexpr Lines lines{kRows}; lines("TRUCK",
 // "UID").
-template <class F, std::size_t N>
+template <class F>
 struct Lines {
-    const Row<F> (&rows)[N];
+    std::span<const Row<F>> rows;
+
+    template <std::size_t N>
+    consteval explicit Lines(const Row<F> (&table)[N]) : rows(table) {}
+    template <std::size_t N>
+    consteval explicit Lines(const std::array<Row<F>, N>& table) : rows(table) {}
 
     template <class... Stem>
     consteval std::array<Line<F>, sizeof...(Stem)> operator()(Stem... stems) const {
         return {Line<F>{Find(stems)}...};
     }
+    // So many lines in table order, from this stem on.
+    template <std::size_t Count>
+    consteval std::array<Line<F>, Count> Run(std::string_view first) const {
+        std::array<Line<F>, Count> run{};
+        const std::size_t start = Find(first);
+        for (std::size_t i = 0; i < Count; ++i) {
+            if (rows[start + i].more.use != Use::Line) throw "a row of the run has no line";
+            run[i].row = static_cast<std::uint16_t>(start + i);
+        }
+        return run;
+    }
 
   private:
     consteval std::uint16_t Find(std::string_view stem) const {
-        for (std::size_t i = 0; i < N; ++i) {
+        for (std::size_t i = 0; i < rows.size(); ++i) {
             if (rows[i].stem != stem || rows[i].more.use != Use::Line) continue;
-            for (std::size_t other = i + 1; other < N; ++other) {
+            for (std::size_t other = i + 1; other < rows.size(); ++other) {
                 if (rows[other].stem == stem) throw "two rows of this stem";
             }
             return static_cast<std::uint16_t>(i);
@@ -178,7 +272,9 @@ struct Lines {
     }
 };
 template <class F, std::size_t N>
-Lines(const Row<F> (&)[N]) -> Lines<F, N>;
+Lines(const Row<F> (&)[N]) -> Lines<F>;
+template <class F, std::size_t N>
+Lines(const std::array<Row<F>, N>&) -> Lines<F>;
 
 // Runs of lines behind a gate; gates inside one another are met.
 template <class F, std::size_t N>
@@ -194,6 +290,12 @@ consteval std::array<Line<F>, N> When(bool (*condition)(const F&), std::array<Li
         if (line.when != nullptr) throw "a line has one condition; make it one function";
         line.when = condition;
     }
+    return run;
+}
+
+template <class F, std::size_t N>
+consteval std::array<Line<F>, N> Calibration(std::array<Line<F>, N> run) {
+    for (Line<F>& line : run) line.part = LinePart::Calibration;
     return run;
 }
 
@@ -215,6 +317,9 @@ struct RowTable {
     Layout<F> (*layout)(const F& fields);  // the kind may decide
     std::string_view prefix = {};          // of every key: "SC."
     void (*settle)(F& fields) = nullptr;   // after reading: what the values decide together
+    int title = 0;                         // resource text of an item's name, {1} its number: "Scale {1}"
+    void (*begin)(F& fields, int number) = nullptr;  // what the item's number decides from the start
+    bool startOver = false;  // reading begins with the initial values: an absent line is never "as it was"
 };
 
 }  // namespace calyx

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "model/language/text.h"
 
@@ -56,7 +57,7 @@ std::string RangeFault(const ModelContext& context, const Item& item, std::size_
 
 // Why a word is not one of the row's list; empty when it is.
 std::string ListFault(const ModelContext& context, const Item& item, std::size_t row, std::string_view word) {
-    const CTextList* list = item.List(row);
+    const CTextList* list = item.Info(row).IsHeldToList() ? item.List(row) : nullptr;
     if (list == nullptr || list->ValidateItem(Trim(word))) return {};
     return context.texts.Format(kNotInList, {Label(context, item, row), word, JoinKeys(*list)});
 }
@@ -102,6 +103,7 @@ class Merge {
                 if (texts[i] && (item_.Info(i).more.use == Use::Page) == page) item_.Take(i, *texts[i]);
             }
         }
+        if (check == Section::Check::Lenient) item_.Settle();
         if (check != Section::Check::Strict) return;
         for (const auto& [row, key, value] : wanted_) {
             // A value that stands changes nothing when it is taken once more.
@@ -196,9 +198,10 @@ std::string Section::GetPrintOutput() const {
     std::string listing;
     for (const Item* item : Items()) {
         std::string rows;
+        const std::vector<bool> written = item->WrittenRows();
         for (std::size_t i = 0; i < item->RowCount(); ++i) {
             const More& more = item->Info(i).more;
-            const bool shown = more.use == Use::ReadOnly || item->IsWritten(i);
+            const bool shown = more.use == Use::ReadOnly || written[i];
             if (!shown || item->Text(i).empty()) continue;
             rows.append("  ").append(Label(*context_, *item, i)).append(": ").append(DisplayText(*item, i));
             if (!more.unit.empty()) rows.append(" ").append(more.unit);
@@ -209,6 +212,11 @@ std::string Section::GetPrintOutput() const {
         listing += rows;
     }
     return listing.empty() ? listing : context_->texts.Text(Title()) + "\r\n" + listing;
+}
+
+std::string Section::ItemTitle(const Item& item) const {
+    if (item.Title() == 0) return {};
+    return context_->texts.Format(item.Title(), {std::to_string(item.Number())});
 }
 
 bool Section::SendToIndicator(ILineSender& sender, IDownload& download) const {
@@ -227,10 +235,11 @@ void Section::MarkSaved() {
 CBrokenRules Section::BrokenRules() const {
     CBrokenRules rules;
     for (const Item* item : Items()) {
+        const std::vector<bool> written = item->WrittenRows();
         for (std::size_t i = 0; i < item->RowCount(); ++i) {
+            if (!written[i]) continue;
             const More& more = item->Info(i).more;
-            const bool ruled = more.HasRange() || more.rule != nullptr || item->List(i) != nullptr;
-            if (!ruled || !item->IsWritten(i)) continue;
+            if (!more.HasRange() && more.rule == nullptr && !item->Info(i).IsHeldToList()) continue;
             const std::string text = item->Text(i);
             std::string fault = ListFault(*context_, *item, i, text);
             if (fault.empty()) fault = RangeFault(*context_, *item, i, text);
@@ -260,8 +269,9 @@ std::vector<KeyValue> Section::State() const {
     return state;
 }
 
-std::vector<Refusal> Section::Take(const std::vector<Change>& changes, Check check) {
+std::vector<Refusal> Section::Take(std::vector<Change> changes, Check check, const ValueOf& valueOf) {
     std::vector<Refusal> refused;
+    Prepare(changes, check, valueOf);
     std::vector<bool> found(changes.size(), false);
     for (Item* item : Items()) {
         std::optional<Merge> merge;  // made for the items that are concerned

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -55,6 +56,9 @@ class IObjectImportDef {
 // Sends the lines of a text one by one. False: stopped by the callback.
 bool SendLines(std::string_view text, ILineSender& sender, IDownload& download);
 
+// The document's present value of a key of any section; nothing for a key that none owns.
+using ValueOf = std::function<std::optional<std::string>(std::string_view key)>;
+
 // A value that was not taken over as given, and why, in words.
 struct Refusal {
     std::string key;
@@ -100,7 +104,7 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     virtual std::vector<Item*> Items() = 0;
     std::vector<const Item*> Items() const;
     // "Scale 2"; empty for a section without numbered items.
-    virtual std::string ItemTitle(const Item&) const { return {}; }
+    std::string ItemTitle(const Item& item) const;
 
     // Every parameter with its present text, also those whose lines are not written at present: the
     // whole state of the section.
@@ -110,12 +114,15 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     // the list or range does not allow; Lenient reads as a file is read and tells what was not taken as
     // given; None takes everything, for undo. A line break is refused by all.
     enum class Check { Strict, Lenient, None };
-    virtual std::vector<Refusal> Take(const std::vector<Change>& changes, Check check);
+    std::vector<Refusal> Take(std::vector<Change> changes, Check check, const ValueOf& valueOf = {});
     // Also keys of items that could be there and are not at present.
     virtual bool Owns(std::string_view key) const;
 
   protected:
     const ModelContext& Context() const { return *context_; }
+    // Before changes are taken: makes room for items that come with them, drops those that go, and adds
+    // the changes that these bring about.
+    virtual void Prepare(std::vector<Change>& /*changes*/, Check, const ValueOf&) {}
     // Cross-checks that the rows cannot say.
     virtual void AddBrokenRules(CBrokenRules&) const {}
 

@@ -7,6 +7,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <vector>
 
 namespace calyx {
@@ -74,7 +75,7 @@ class FixedText {
     constexpr bool Assign(std::string_view text) {
         if (text.size() > N) text = text.substr(0, std::max(text.find_last_not_of(' ') + 1, N));
         while (text.size() > N && text.front() == ' ') text.remove_prefix(1);
-        size_ = static_cast<std::uint8_t>(std::min(text.size(), N));
+        size_ = static_cast<Size>(std::min(text.size(), N));
         std::copy_n(text.begin(), size_, chars_.begin());
         std::fill(chars_.begin() + size_, chars_.end(), '\0');
         return text.size() <= N;
@@ -90,9 +91,10 @@ class FixedText {
     friend bool operator==(const FixedText& a, const FixedText& b) { return a.Trimmed() == b.Trimmed(); }
 
   private:
-    static_assert(N > 0 && N < 256);
+    static_assert(N > 0 && N < 65536);
+    using Size = std::conditional_t<(N < 256), std::uint8_t, std::uint16_t>;
     std::array<char, N> chars_{};
-    std::uint8_t size_ = 0;
+    Size size_ = 0;
 };
 
 }  // namespace calyx

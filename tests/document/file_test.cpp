@@ -160,7 +160,6 @@ TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
         {Kind::Cut, 9, "ALERT.SERV", "123456789012345"},
         {Kind::TextLine, 1, "", ""},
         {Kind::DuplicateKey, 4, "UID", "A"},
-        {Kind::DuplicateKey, 14, "UID", "A"},
         {Kind::UnknownKey, 10, "FOO.BAR", ""},
         {Kind::NotWritten, 11, "LAT.LOC", ""},
         {Kind::NotWritten, 12, "LASTCAL", ""},

@@ -1,0 +1,75 @@
+#pragma once
+
+#include <initializer_list>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "model/language/error.h"
+#include "model/language/item.h"
+
+namespace calyx {
+
+// What the objects of one row table have in common (a port, a scale, an analog output): they are numbered
+// by their Initialize, and every operation before it raises 10006. F: the struct of fields.
+template <class F>
+class RowObject {
+  public:
+    // `name`: for the source of errors, "CCommPort".
+    RowObject(const ModelContext& context, const RowTable<F>& table, const char* name)
+        : context_(&context), table_(&table), name_(name) {}
+
+    bool IsInitialised() const { return item_.has_value(); }
+    int Number() const { return Parameters().Number(); }
+    const F& Values() const { return Parameters().fields; }
+
+    RowItem<F>& Parameters() { return Need(*this); }
+    const RowItem<F>& Parameters() const { return Need(*this); }
+
+    bool IsDirty() const { return Parameters().IsDirty(); }
+    // With `allParameters` every line, otherwise gated by the application's target version.
+    std::string GetTextOutput(bool allParameters) const {
+        return Lines(allParameters ? Target::Everything() : context_->target.Gated());
+    }
+    std::string TextView() const { return GetTextOutput(true); }
+    std::string StoreState() const { return Lines(Target::Everything(), std::nullopt); }
+    void RestoreState(Dictionary& lines, ReadReport& report) { Parameters().Restore(lines, report); }
+
+  protected:
+    void Begin(int number, std::string suffix) {
+        item_.emplace(*table_, *context_, number, std::move(suffix));
+        item_->Initialize();
+    }
+    // As Begin, with the lists of another one: for the many items of one kind.
+    void BeginLike(const RowObject& like, int number, std::string suffix) {
+        item_.emplace(like.Parameters(), number, std::move(suffix));
+        item_->Initialize();
+    }
+    F& Fields() { return Parameters().fields; }
+    const ModelContext& Context() const { return *context_; }
+    std::string Lines(const Target& target, std::optional<LinePart> part = LinePart::Parameters) const {
+        std::string text;
+        Parameters().Append(text, target, part);
+        return text;
+    }
+    // "Calyx.CCommPort.Address"; the words of the error stand in the texts under its code.
+    [[noreturn]] void Fail(int code, std::string_view operation,
+                           std::initializer_list<std::string_view> words = {}) const {
+        throw Error(code, std::string("Calyx.") + name_ + "." + std::string(operation),
+                    context_->texts.Format(code, words));
+    }
+
+  private:
+    template <class Self>
+    static auto& Need(Self& self) {
+        if (!self.item_) self.Fail(code::kNotInitialised, "Parameters");
+        return *self.item_;
+    }
+
+    const ModelContext* context_;
+    const RowTable<F>* table_;
+    const char* name_;
+    std::optional<RowItem<F>> item_;
+};
+
+}  // namespace calyx
