@@ -2,22 +2,44 @@
 
 namespace calyx {
 
-void History::Record(std::string name, ChangeSet changes, std::string joinKey) {
+bool History::Joins(std::string_view joinKey) const {
+    return !sealed_ && !joinKey.empty() && at_ > 0 && at_ == steps_.size() &&
+           steps_.back().joinKey == joinKey;
+}
+
+void History::Record(const Naming& name, ChangeSet changes, std::string joinKey) {
     if (changes.Empty()) return;
     steps_.resize(at_);
-    const bool joins = !sealed_ && !joinKey.empty() && at_ > 0 && steps_.back().joinKey == joinKey;
+    const bool joins = Joins(joinKey);
     sealed_ = false;
     if (!joins) {
-        steps_.push_back({std::move(name), std::move(changes), std::move(joinKey)});
+        std::string words = name(changes);
+        steps_.push_back({std::move(words), std::move(changes), std::move(joinKey)});
     } else {
         Step& last = steps_.back();
         last.changes = last.changes.Then(changes);
-        last.name = std::move(name);
         // Back where it began: no step, and the one before it stays as it was.
         sealed_ = last.changes.Empty();
-        if (sealed_) steps_.pop_back();
+        if (sealed_) {
+            steps_.pop_back();
+        } else {
+            last.name = name(last.changes);
+        }
     }
     at_ = steps_.size();
+}
+
+void History::Record(std::string name, ChangeSet changes, std::string joinKey) {
+    Record([&name](const ChangeSet&) { return name; }, std::move(changes), std::move(joinKey));
+}
+
+ChangeSet History::TakeBack(CIndicator& document, std::string_view joinKey) {
+    if (!Joins(joinKey)) return {};
+    ChangeSet effect = document.Apply(steps_.back().changes.Inverse()).changes;
+    steps_.pop_back();
+    at_ = steps_.size();
+    sealed_ = true;
+    return effect;
 }
 
 void History::Seal() {

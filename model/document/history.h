@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/document/indicator.h"
@@ -16,9 +18,16 @@ class History {
         std::string joinKey;
     };
 
-    // Consecutive steps of one non-empty join key become one, so that typing in a field is one step;
-    // a step that came back to where it began is dropped.
+    // Names a step by all of its changes.
+    using Naming = std::function<std::string(const ChangeSet& whole)>;
+
+    // Consecutive steps of one non-empty join key become one, so that typing in a field is one step, and
+    // its name is that of the whole; a step that came back to where it began is dropped.
+    void Record(const Naming& name, ChangeSet changes, std::string joinKey = {});
     void Record(std::string name, ChangeSet changes, std::string joinKey = {});
+    // Takes the last step back for good if the next one of this key would join it: typing has left what
+    // can be taken. The changes that this made; nothing when there is no such step.
+    ChangeSet TakeBack(CIndicator& document, std::string_view joinKey);
     // Ends the joining: the next step stands on its own.
     void Seal();
 
@@ -30,6 +39,8 @@ class History {
     void Clear();
 
   private:
+    bool Joins(std::string_view joinKey) const;
+
     std::vector<Step> steps_;
     std::size_t at_ = 0;  // steps before it are done
     bool sealed_ = false;

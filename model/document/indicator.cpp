@@ -12,7 +12,6 @@ namespace {
 
 constexpr int kUnknownParameter = 2906;  // {1} key
 constexpr int kOneLineName = 2921;
-constexpr int kLiveCard = 2920;  // {1} slot, {2} card code here, {3} card code there
 
 std::array<Section*, 10> InOrderOfMaking(DocumentSections& s) {
     return {&s.general, &s.prompts,   &s.scales,      &s.hardware,      &s.tickets,
@@ -171,23 +170,14 @@ std::vector<BrokenRule> CIndicator::Validate() const {
 }
 
 std::vector<BrokenRule> CIndicator::ValidateLiveHardware(std::string_view dump) const {
-    constexpr const char* kKey = "HARDWARE";
     NeedDocument("ValidateLiveHardware");
     const Dictionary live{std::string(dump)};
-    const Dictionary::Entry* reported = live.Peek(kKey);
+    const Dictionary::Entry* reported = live.Peek("HARDWARE");
     if (reported == nullptr) return {};
-    const std::string own = Value(kKey).value_or("");
-    const auto here = Split(own, ',');
-    const auto there = Split(reported->value, ',');
-    std::vector<BrokenRule> rules;
-    for (std::size_t slot = 0; slot < std::max(here.size(), there.size()); ++slot) {
-        const std::string_view card = slot < here.size() && !own.empty() ? Trim(here[slot]) : "0";
-        const std::string_view liveCard = slot < there.size() ? Trim(there[slot]) : "0";
-        if (card == liveCard) continue;
-        rules.push_back({"hardware", static_cast<int>(slot + 1), kKey,
-                         context_->texts.Format(kLiveCard, {std::to_string(slot + 1), card, liveCard})});
-    }
-    return rules;
+    CHardware hardware = Hardware();
+    hardware.UpdateFromIndicator(reported->value);
+    const CBrokenRules rules = hardware.ValidateLiveHardware();
+    return {rules.begin(), rules.end()};
 }
 
 std::string CIndicator::GetPrintOutput() const {

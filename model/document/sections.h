@@ -1,6 +1,8 @@
 #pragma once
 
+#include "model/cards/fieldbus_cards.h"
 #include "model/general/general.h"
+#include "model/hardware/hardware.h"
 #include "model/kept/kept_sections.h"
 
 namespace calyx {

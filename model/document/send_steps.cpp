@@ -9,8 +9,6 @@ namespace calyx {
 
 namespace {
 
-using namespace std::string_view_literals;
-
 // Firmware before 3.01 holds 128 widgets.
 constexpr std::size_t kOldWidgetLimit = 128;
 
@@ -20,9 +18,11 @@ std::string TextOf(const Section& section, const Target& target) {
     return text;
 }
 
-template <std::size_t N>
-std::string Part(const KeptSection& section, const std::array<std::string_view, N>& starts) {
-    return section.LinesOf(starts);
+std::string HardwareText(const CIndicator& document, const Target& target,
+                         void (CHardware::*append)(std::string&, const Target&) const) {
+    std::string text;
+    (document.Hardware().*append)(text, target);
+    return text;
 }
 
 std::string WidgetLines(const CWidgets& widgets, const Target& target) {
@@ -42,7 +42,7 @@ std::string LinesOf(const CIndicator& document, SendStep step, const Target& tar
         case SendStep::Scales:
             return TextOf(document.Scales(), target);
         case SendStep::Communications:
-            return Part(document.Hardware(), std::array{"EDP."sv, "STR."sv});
+            return HardwareText(document, target, &CHardware::AppendPorts);
         case SendStep::Fieldbus:
             return TextOf(document.FieldbusCards(), target);
         case SendStep::Vexals:
@@ -50,9 +50,9 @@ std::string LinesOf(const CIndicator& document, SendStep step, const Target& tar
         case SendStep::Features:
             return TextOf(document.General(), target) + TextOf(document.CustomParms(), target);
         case SendStep::DigitalIO:
-            return Part(document.Hardware(), std::array{"DIO."sv});
+            return HardwareText(document, target, &CHardware::AppendDigitalIO);
         case SendStep::Analog:
-            return Part(document.Hardware(), std::array{"ALG."sv});
+            return HardwareText(document, target, &CHardware::AppendAnalog);
         case SendStep::Prompts:
             return TextOf(document.Prompts(), target);
         case SendStep::Tickets:
@@ -64,20 +64,14 @@ std::string LinesOf(const CIndicator& document, SendStep step, const Target& tar
         case SendStep::Widgets:
             return WidgetLines(document.Widgets(), target);
         case SendStep::Database:
-            return Part(document.Hardware(), std::array{"DB."sv});
+            return HardwareText(document, target, &CHardware::AppendDatabase);
     }
     return {};
 }
 
 std::vector<int> VexalPorts(const CIndicator& document) {
-    constexpr std::string_view kInput = "EDP.INPUT#";
-    std::vector<int> ports;
-    for (const KeyValue& line : document.Hardware().Lines()) {
-        if (!StartsNoCase(line.key, kInput) || Upper(Trim(line.value)) != "VEXAL") continue;
-        const auto port = ReadInteger(std::string_view(line.key).substr(kInput.size()));
-        if (port && port->value >= 1 && port->value <= 32) ports.push_back(port->value);
-    }
-    std::sort(ports.begin(), ports.end());
+    std::vector<int> ports = document.Hardware().CommPorts();
+    std::erase_if(ports, [&](int port) { return document.Hardware().InputOf(port) != "VEXAL"; });
     return ports;
 }
 

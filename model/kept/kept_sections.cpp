@@ -25,11 +25,6 @@ void AppendLine(std::string& out, const KeyValue& line) {
 constexpr std::array kPromptKeys{"PROMPT#"sv};
 constexpr KeptKind kPrompts{"prompts", 2120, kPromptKeys, {}, {}};
 
-constexpr std::array kHardwareKeys{"HARDWARE="sv, "EDP."sv, "STR."sv, "ALG."sv, "DIO."sv, "DB."sv};
-constexpr std::array kHardwareAliases{AliasBlock{"-- Serial Port Aliases", "EDP.ALIAS#", 8},
-                                      AliasBlock{"-- Analog Output Card Aliases", "ALG.ALIAS#"}};
-constexpr KeptKind kHardware{"hardware", 2121, kHardwareKeys, {}, kHardwareAliases};
-
 constexpr std::array kScaleKeys{"SC."sv};
 constexpr std::array kScaleAliases{AliasBlock{"-- Scale Aliases", "SC.ALIAS#"}};
 constexpr std::array kCalibration{"SC.WVAL#"sv, "SC.LC.CD#"sv, "SC.LC.CW#"sv, "SC.LC.CZ#"sv, "SC.WLIN."sv};
@@ -55,9 +50,6 @@ constexpr KeptKind kCustomParms{"customparms", 2126, {}, {}, {}};
 constexpr std::array kBoxKeys{"SJ."sv};
 constexpr std::array kBoxWithheld{"SJ.SERIAL_NUMBER#"sv};
 constexpr KeptKind kJunctionBoxes{"junctionboxes", 2127, kBoxKeys, kBoxWithheld, {}};
-
-constexpr std::array kFieldbusKeys{"FB."sv};
-constexpr KeptKind kFieldbusCards{"fieldbuscards", 2128, kFieldbusKeys, {}, {}};
 
 }  // namespace
 
@@ -102,12 +94,10 @@ std::string CScales::GetCalibrationValues() const {
 
 CPrompts::CPrompts(const ModelContext& context) : KeptSection(context, kPrompts) {}
 CScales::CScales(const ModelContext& context) : KeptSection(context, kScales) {}
-CHardware::CHardware(const ModelContext& context) : KeptSection(context, kHardware) {}
 CTickets::CTickets(const ModelContext& context) : KeptSection(context, kTickets) {}
 CWidgets::CWidgets(const ModelContext& context) : KeptSection(context, kWidgets) {}
 CSetpoints::CSetpoints(const ModelContext& context) : KeptSection(context, kSetpoints) {}
 CCustomParms::CCustomParms(const ModelContext& context) : KeptSection(context, kCustomParms) {}
 CJunctionBoxes::CJunctionBoxes(const ModelContext& context) : KeptSection(context, kJunctionBoxes) {}
-CFieldbusCards::CFieldbusCards(const ModelContext& context) : KeptSection(context, kFieldbusCards) {}
 
 }  // namespace calyx

@@ -55,10 +55,6 @@ class CScales : public KeptSection {
     explicit CScales(const ModelContext& context);
     std::string GetCalibrationValues() const;
 };
-class CHardware : public KeptSection {
-  public:
-    explicit CHardware(const ModelContext& context);
-};
 class CTickets : public KeptSection {
   public:
     explicit CTickets(const ModelContext& context);
@@ -78,10 +74,6 @@ class CCustomParms : public KeptSection {
 class CJunctionBoxes : public KeptSection {
   public:
     explicit CJunctionBoxes(const ModelContext& context);
-};
-class CFieldbusCards : public KeptSection {
-  public:
-    explicit CFieldbusCards(const ModelContext& context);
 };
 
 }  // namespace calyx

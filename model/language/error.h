@@ -32,17 +32,31 @@ inline constexpr int kNoList = 20005;
 
 inline constexpr std::uint32_t kObjectErrorBase = 0x80040000u;
 
-// A numbered error. Source() is the operation that raised it ("Calyx.CIndicator.Load"); Chain() are
-// the operations that passed it on, innermost first.
+// A line of the program's own text. The built-ins stand here because std::source_location is not in every
+// library that we build with.
+struct CodeLine {
+    constexpr CodeLine(const char* path = __builtin_FILE(), int inFile = __builtin_LINE())
+        : file(path), number(inFile) {
+        for (const char* c = path; *c != '\0'; ++c) {
+            if (*c == '/' || *c == '\\') file = c + 1;
+        }
+    }
+    const char* file;  // without its folder
+    int number;
+};
+
+// A numbered error. Source() is the operation that raised it ("Calyx.CIndicator.Load"), Line() where in
+// the program's text that was; Chain() are the operations that passed it on, innermost first.
 class Error : public std::exception {
   public:
-    Error(int errorCode, std::string source, std::string description)
-        : code_(errorCode), source_(std::move(source)), description_(std::move(description)) {}
+    Error(int errorCode, std::string source, std::string description, CodeLine line = {})
+        : code_(errorCode), source_(std::move(source)), description_(std::move(description)), line_(line) {}
 
     int Code() const { return code_; }
     std::uint32_t Number() const { return kObjectErrorBase + static_cast<std::uint32_t>(code_); }
     const std::string& Source() const { return source_; }
     const std::string& Description() const { return description_; }
+    const CodeLine& Line() const { return line_; }
     const std::vector<std::string>& Chain() const { return chain_; }
     const char* what() const noexcept override { return description_.c_str(); }
 
@@ -54,6 +68,7 @@ class Error : public std::exception {
     int code_;
     std::string source_;
     std::string description_;
+    CodeLine line_;
     std::vector<std::string> chain_;
 };
 

@@ -75,6 +75,8 @@ Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view v
     switch (info.more.unknown) {
         case Unknown::First:
             return {list->First(), true};
+        case Unknown::Last:
+            return {list->Last(), true};
         case Unknown::Initial:
             return {initial, true};
         case Unknown::Default:

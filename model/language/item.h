@@ -140,12 +140,20 @@ class RowItem final : public Item {
     }
 
     void Initialize() override {
-        Begin();
+        ReloadDefaults();
         MarkSaved();
+    }
+    // The initial values; against what was saved that is a change.
+    void ReloadDefaults() {
+        fields = F{};
+        if (table_->begin != nullptr) table_->begin(fields, number_);
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
+        }
     }
 
     void Restore(Dictionary& lines, ReadReport& report) override {
-        if (table_->startOver) Begin();
+        if (table_->startOver) ReloadDefaults();
         std::vector<std::pair<std::size_t, const Dictionary::Entry*>> found;
         found.reserve(RowCount());
         for (std::size_t i = 0; i < RowCount(); ++i) {
@@ -180,13 +188,6 @@ class RowItem final : public Item {
   private:
     static bool HasLine(const RowInfo& info) {
         return info.more.use == Use::Line || info.more.use == Use::ReadOnly;
-    }
-    void Begin() {
-        fields = F{};
-        if (table_->begin != nullptr) table_->begin(fields, number_);
-        for (std::size_t i = 0; i < RowCount(); ++i) {
-            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
-        }
     }
 
     std::string KeyOf(std::string_view stem) const {

@@ -28,6 +28,7 @@ enum class Absent : std::uint8_t {  // what a missing line reads as
 enum class Unknown : std::uint8_t {  // what a word reads as that is not in the list
     Default,                         // the list's designated default
     First,                           // the list's first entry
+    Last,                            // and its last
     Initial,                         // the row's initial value
 };
 enum class Use : std::uint8_t {

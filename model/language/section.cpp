@@ -19,6 +19,7 @@ constexpr int kDecidedElsewhere = 2905;   // {1} key, {2} value that stands
 constexpr int kNoSuchItem = 2908;         // {1} key
 constexpr int kLineBreak = 2909;          // {1} key
 constexpr int kReadOnlyParameter = 2907;  // {1} label
+constexpr int kNoChoice = 2919;           // stands for an empty choice in listings
 constexpr int kKindWords = 2910;          // 2910 + kind: "text", "a whole number", ...
 
 std::string Label(const ModelContext& context, const Item& item, std::size_t row) {
@@ -47,7 +48,9 @@ std::string RangeFault(const ModelContext& context, const Item& item, std::size_
                        const std::string& text) {
     const More& more = item.Info(row).more;
     if (!more.HasRange()) return {};
-    const auto number = ReadDecimal(text);
+    // A word may stand before the number: "SCALE3".
+    const std::size_t start = text.find_first_of("0123456789+-.");
+    const auto number = start == std::string::npos ? std::nullopt : ReadDecimal(text.substr(start));
     if (!number || (number->value >= more.min && number->value <= more.max)) return {};
     std::string unit(more.unit);
     if (!unit.empty()) unit.insert(0, " ");
@@ -196,22 +199,25 @@ std::string Section::GetTextOutput(bool allParameters) const {
 
 std::string Section::GetPrintOutput() const {
     std::string listing;
-    for (const Item* item : Items()) {
-        std::string rows;
-        const std::vector<bool> written = item->WrittenRows();
-        for (std::size_t i = 0; i < item->RowCount(); ++i) {
-            const More& more = item->Info(i).more;
-            const bool shown = more.use == Use::ReadOnly || written[i];
-            if (!shown || item->Text(i).empty()) continue;
-            rows.append("  ").append(Label(*context_, *item, i)).append(": ").append(DisplayText(*item, i));
-            if (!more.unit.empty()) rows.append(" ").append(more.unit);
-            rows += "\r\n";
-        }
-        const std::string title = ItemTitle(*item);
-        if (!title.empty() && !rows.empty()) listing.append(title).append("\r\n");
-        listing += rows;
-    }
+    for (const Item* item : Items()) listing += ItemListing(*item);
     return listing.empty() ? listing : context_->texts.Text(Title()) + "\r\n" + listing;
+}
+
+std::string Section::ItemListing(const Item& item, bool titled) const {
+    std::string rows;
+    const std::vector<bool> written = item.WrittenRows();
+    for (std::size_t i = 0; i < item.RowCount(); ++i) {
+        const More& more = item.Info(i).more;
+        const bool shown = more.use == Use::ReadOnly || written[i];
+        std::string value = shown ? DisplayText(item, i) : std::string();
+        if (shown && value.empty() && item.List(i) != nullptr) value = context_->texts.Text(kNoChoice);
+        if (value.empty()) continue;
+        rows.append("  ").append(Label(*context_, item, i)).append(": ").append(value);
+        if (!more.unit.empty()) rows.append(" ").append(more.unit);
+        rows += "\r\n";
+    }
+    const std::string title = titled && !rows.empty() ? ItemTitle(item) : std::string();
+    return title.empty() ? rows : title + "\r\n" + rows;
 }
 
 std::string Section::ItemTitle(const Item& item) const {

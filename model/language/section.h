@@ -94,8 +94,8 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     bool SendToIndicator(ILineSender& sender, IDownload& download) const override;
     void GetFromIndicator(Dictionary& lines, ReadReport& report) override { RestoreState(lines, report); }
 
-    bool IsDirty() const;  // changed since the last load or save
-    void MarkSaved();
+    virtual bool IsDirty() const;  // changed since the last load or save
+    virtual void MarkSaved();
     // The rules broken: range and rule of every row that is written, and what the section adds itself.
     CBrokenRules BrokenRules() const;
     bool IsValid() const { return BrokenRules().Count() == 0; }
@@ -120,6 +120,8 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
 
   protected:
     const ModelContext& Context() const { return *context_; }
+    // An item's part of the listing: its title, unless it goes on with the one before, and its values.
+    std::string ItemListing(const Item& item, bool titled = true) const;
     // Before changes are taken: makes room for items that come with them, drops those that go, and adds
     // the changes that these bring about.
     virtual void Prepare(std::vector<Change>& /*changes*/, Check, const ValueOf&) {}

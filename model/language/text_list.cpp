@@ -60,6 +60,10 @@ const std::string& CTextList::First() const {
     return entries_.empty() ? kNone : entries_.front().key;
 }
 
+const std::string& CTextList::Last() const {
+    return entries_.empty() ? kNone : entries_.back().key;
+}
+
 const std::string& CTextList::Default() const {
     return default_.empty() ? First() : default_;
 }

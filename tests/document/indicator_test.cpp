@@ -185,12 +185,15 @@ TEST_F(Document, ImportFileNamesTheItems) {
         "a.mrn");
     document.GenerateImportFile("a.inc");
     const std::string rule(49, '-');
-    EXPECT_EQ(context.memory.files["a.inc"],
-              rule + "\r\n-- Used with Calyx Configuration File\r\n-- a.mrn\r\n" + rule +
-                  "\r\n-- Scale Aliases\r\nTwo : constant integer := 2;\r\nTen : constant integer := 10;\r\n"
-                  "-- Setpoint Aliases\r\nGreen : constant integer := 1;\r\n"
-                  "-- Serial Port Aliases\r\nKeybd    : constant integer := 2;\r\n-- Analog Output Card "
-                  "Aliases\r\n");
+    EXPECT_EQ(
+        context.memory.files["a.inc"],
+        rule + "\r\n-- Used with Calyx Configuration File\r\n-- a.mrn\r\n" + rule +
+            "\r\n-- Scale Aliases\r\nTwo : constant integer := 2;\r\nTen : constant integer := 10;\r\n"
+            "-- Setpoint Aliases\r\nGreen : constant integer := 1;\r\n"
+            "-- Serial Port Aliases\r\nCom1     : constant integer := 1;\r\nKeybd    : constant integer "
+            ":= 2;\r\nCom3     : constant integer := 3;\r\nCom4     : constant integer := 4;\r\n"
+            "-- Analog Output Card Aliases\r\n-- Digital I/O Aliases\r\n"
+            "-- Database Type Definitions and Field Aliases\r\n");
 }
 
 TEST_F(Document, ChangeSetsJoinAndKeepTheOrderOfLines) {

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <map>
 #include <memory>
 #include <set>
 #include <string>
@@ -17,6 +18,8 @@ namespace calyx::test {
 struct SectionCase {
     std::string name;  // as in Section::Name
     std::function<std::unique_ptr<Section>(const ModelContext&)> make;
+    std::string base = {};  // lines that give it items of every kind, with all their lines
+    std::map<std::string, std::string> others = {};  // texts for rows that take no usual one, by key
 };
 
 inline void PrintTo(const SectionCase& section, std::ostream* out) {
@@ -24,7 +27,10 @@ inline void PrintTo(const SectionCase& section, std::ostream* out) {
 }
 
 // Another allowed text for a row: the next word of the list, a number in the range, a text that fits.
-inline std::string OtherText(const Item& item, std::size_t row) {
+inline std::string OtherText(const SectionCase& section, const Item& item, std::size_t row) {
+    if (const auto other = section.others.find(item.Key(row)); other != section.others.end()) {
+        return other->second;
+    }
     const RowInfo& info = item.Info(row);
     const std::string now = item.Text(row);
     if (const CTextList* list = item.List(row)) {
@@ -49,7 +55,7 @@ inline std::string OtherText(const Item& item, std::size_t row) {
         case ValueKind::Text:
             break;
     }
-    return info.width == 1 ? "x" : "x y";
+    return info.width == 1 ? "x" : "xy";
 }
 
 // The lines of a section as a dictionary, as if read from a file.

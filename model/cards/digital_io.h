@@ -1,0 +1,50 @@
+#pragma once
+
+#include "model/cards/card_fields.h"
+#include "model/language/row_object.h"
+
+namespace calyx {
+
+// The digital points of the main board (number 0, 8 points) or of the card in expansion slot 1 to 14
+// (24 points). Points count from 1. Everything before Initialize raises 10006.
+class CDigitalIO {
+  public:
+    explicit CDigitalIO(const ModelContext& context)
+        : board_(context, kBoardDigitalTable), card_(context, kCardDigitalTable) {}
+
+    void Initialize(int number);  // 10002 outside 0 to 14
+    void ReloadDefaults() { Parameters().ReloadDefaults(); }
+
+    RowItem<DigitalFields>& Parameters() { return onBoard_ ? board_.Parameters() : card_.Parameters(); }
+    const RowItem<DigitalFields>& Parameters() const {
+        return onBoard_ ? board_.Parameters() : card_.Parameters();
+    }
+    const DigitalFields& Values() const { return Parameters().fields; }
+    int Number() const { return Parameters().Number(); }
+    int NumberOfPoints() const { return onBoard_ ? DigitalFields::kBoardPoints : DigitalFields::kCardPoints; }
+    std::string_view PointDefinition(int point) const;  // 10002 for a point that is not there
+    std::string_view Alias(int point) const;
+    void SetPointDefinition(int point, std::string_view definition);  // a word of the list, else 10002
+    void SetAlias(int point, std::string_view alias);  // 10001 when too long, 10010 when no identifier
+
+    // The constant of the card and those of its points; nothing when no point has an alias.
+    std::string GetIWriteImportDef() const;
+
+  private:
+    class Points : public RowObject<DigitalFields> {
+      public:
+        Points(const ModelContext& context, const RowTable<DigitalFields>& table)
+            : RowObject(context, table, "CDigitalIO") {}
+        void Initialize(int number) { Begin(number, "#" + std::to_string(number)); }
+        using RowObject::Fail;
+        using RowObject::Fields;
+    };
+    const Points& Own() const { return onBoard_ ? board_ : card_; }
+    Points& Own() { return onBoard_ ? board_ : card_; }
+    std::size_t Place(int point, const char* operation) const;
+
+    Points board_, card_;  // one of them
+    bool onBoard_ = true;
+};
+
+}  // namespace calyx

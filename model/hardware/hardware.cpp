@@ -1,0 +1,258 @@
+#include "model/hardware/hardware.h"
+
+#include <algorithm>
+
+#include "model/language/error.h"
+
+namespace calyx {
+
+namespace {
+
+constexpr std::array<std::string_view, 1> kDatabaseKeys{"DB."};
+constexpr std::string_view kHardware = "HARDWARE";
+constexpr int kBoardPorts = 4;
+constexpr int kMainBoard = 0;  // number of its digital points
+
+// The slot whose card brings the port; 0: the main board.
+int SlotOfPort(int port) {
+    return port <= kBoardPorts ? 0 : (port - card::FirstPort(1)) / 2 + 1;
+}
+
+std::size_t Place(int slot) {
+    return static_cast<std::size_t>(slot - 1);
+}
+
+template <class Map, class Has>
+std::vector<int> Numbers(const Map& objects, Has&& has) {
+    std::vector<int> numbers;
+    for (const auto& [number, object] : objects) {
+        if (has(number)) numbers.push_back(number);
+    }
+    return numbers;
+}
+
+}  // namespace
+
+CHardware::CHardware(const ModelContext& context)
+    : Section(context),
+      portLists_(context),
+      analogLists_(context),
+      digitalLists_(context),
+      slots_(kSlotTable, context),
+      database_(kDatabaseKeys) {
+    live_.fill(card::kEmptySlot);
+    MakeRoom();
+}
+
+std::vector<Item*> CHardware::Items() {
+    std::vector<Item*> items{&slots_};
+    for (auto& [number, port] : ports_) {
+        if (!HasPort(number)) continue;
+        items.push_back(&port.Parameters());
+        items.push_back(&port.Stream().Parameters());
+    }
+    for (auto& [number, channel] : analog_) {
+        if (HasAnalogOutput(number)) items.push_back(&channel.Parameters());
+    }
+    for (auto& [number, points] : digital_) {
+        if (HasDigitalIO(number)) items.push_back(&points.Parameters());
+    }
+    items.push_back(&database_);
+    return items;
+}
+
+void CHardware::Initialize() {
+    ports_.clear();
+    analog_.clear();
+    digital_.clear();
+    slots_.Initialize();
+    MakeRoom();
+    database_.Initialize();
+}
+
+// The slots first: they say which objects there are to read.
+void CHardware::RestoreState(Dictionary& lines, ReadReport& report) {
+    if (const auto* entry = lines.Peek(kHardware)) {
+        kSlotTable.rows[0].take(slots_.fields, entry->value);
+        MakeRoom();
+    }
+    Section::RestoreState(lines, report);
+    MarkSaved();
+}
+
+void CHardware::MakeRoom() {
+    const auto make = [&](auto& objects, int number) {
+        const auto [place, isNew] = objects.try_emplace(number, Context());
+        if (isNew) place->second.Initialize(number);
+    };
+    for (int port = 1; port <= kBoardPorts; ++port) make(ports_, port);
+    make(digital_, kMainBoard);
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        const std::int32_t code = CardType(slot);
+        if (code == card::kDualSerial) {
+            make(ports_, card::FirstPort(slot));
+            make(ports_, card::FirstPort(slot) + 1);
+        }
+        if (code == card::kAnalogOutput || code == card::kDualAnalogOutput) make(analog_, slot);
+        if (code == card::kDualAnalogOutput) make(analog_, card::SecondChannel(slot));
+        if (code == card::kDigitalIO) make(digital_, slot);
+    }
+}
+
+void CHardware::MarkSaved() {
+    std::erase_if(ports_, [&](const auto& port) { return !HasPort(port.first); });
+    std::erase_if(analog_, [&](const auto& channel) { return !HasAnalogOutput(channel.first); });
+    std::erase_if(digital_, [&](const auto& points) { return !HasDigitalIO(points.first); });
+    Section::MarkSaved();
+}
+
+// What new cards bring must be there before its lines are taken.
+void CHardware::Prepare(std::vector<Change>& changes, Check, const ValueOf&) {
+    for (const Change& change : changes) {
+        if (!EqualNoCase(change.key, kHardware)) continue;
+        SlotFields wanted = slots_.fields;
+        const std::string text = change.after.value_or(slots_.InitialText(0));
+        if (kSlotTable.rows[0].take(wanted, text) != Taken::Whole) continue;
+        for (int slot = 1; slot <= card::kSlots; ++slot) {
+            if (wanted.codes[Place(slot)] != CardType(slot)) SetCard(slot, wanted.codes[Place(slot)]);
+        }
+    }
+}
+
+std::int32_t CHardware::CardType(int slot) const {
+    NeedSlot(slot, "CardType");
+    return slots_.fields.codes[Place(slot)];
+}
+
+void CHardware::AddNewCard(int slot, std::int32_t code) {
+    NeedSlot(slot, "AddNewCard");
+    if (code != card::kReserved) SetCard(slot, code);
+}
+
+void CHardware::SetCard(int slot, std::int32_t code) {
+    slots_.fields.codes[Place(slot)] = code;
+    // What the card brings starts from its defaults, also where such a card was there before.
+    const auto reload = [](auto& objects, int number) {
+        if (const auto found = objects.find(number); found != objects.end()) found->second.ReloadDefaults();
+    };
+    MakeRoom();
+    if (code == card::kDualSerial) {
+        for (const int port : {card::FirstPort(slot), card::FirstPort(slot) + 1}) reload(ports_, port);
+    }
+    if (HasDigitalIO(slot)) reload(digital_, slot);
+    for (const int channel : {slot, card::SecondChannel(slot)}) {
+        if (HasAnalogOutput(channel)) reload(analog_, channel);
+    }
+}
+
+void CHardware::RemoveExistingCard(int slot) {
+    NeedSlot(slot, "RemoveExistingCard");
+    slots_.fields.codes[Place(slot)] = card::kEmptySlot;
+}
+
+std::string CHardware::HardwareWith(int slot, std::int32_t code) const {
+    NeedSlot(slot, "HardwareWith");
+    RowItem<SlotFields> changed = slots_;
+    if (code != card::kReserved) changed.fields.codes[Place(slot)] = code;
+    return changed.Text(0);
+}
+
+void CHardware::UpdateFromIndicator(std::string_view reported) {
+    SlotFields taken;
+    const auto codes = Split(reported, ',');
+    for (std::size_t i = 0; i < taken.codes.size() && i < codes.size(); ++i) {
+        const auto code = ReadInteger(codes[i]);
+        if (code && !card::IsEmpty(code->value)) taken.codes[i] = code->value;
+    }
+    live_ = taken.codes;
+}
+
+std::int32_t CHardware::LiveCardType(int slot) const {
+    NeedSlot(slot, "LiveCardType");
+    return live_[Place(slot)];
+}
+
+bool CHardware::HasPort(int port) const {
+    if (port >= 1 && port <= kBoardPorts) return true;
+    const int slot = SlotOfPort(port);
+    return slot >= 1 && slot <= card::kSlots && CardType(slot) == card::kDualSerial;
+}
+
+bool CHardware::HasAnalogOutput(int channel) const {
+    if (channel < 1 || channel > card::SecondChannel(card::kSlots)) return false;
+    if (channel > card::kSlots) return CardType(channel - card::kSlots) == card::kDualAnalogOutput;
+    return CardType(channel) == card::kAnalogOutput || CardType(channel) == card::kDualAnalogOutput;
+}
+
+bool CHardware::HasDigitalIO(int number) const {
+    if (number < 1 || number > card::kSlots) return number == kMainBoard;
+    return CardType(number) == card::kDigitalIO;
+}
+
+template <class Map>
+auto& CHardware::Need(Map& objects, int number, bool exists, const char* operation) const {
+    const auto found = objects.find(number);
+    if (exists && found != objects.end()) return found->second;
+    constexpr int kInstalled = 4591;
+    throw Error(code::kOutOfRange, std::string("Calyx.CHardware.") + operation,
+                Context().texts.Format(code::kOutOfRange,
+                                       {std::to_string(number), Context().texts.Text(kInstalled)}));
+}
+
+void CHardware::NeedSlot(int slot, const char* operation) const {
+    if (slot >= 1 && slot <= card::kSlots) return;
+    throw Error(code::kOutOfRange, std::string("Calyx.CHardware.") + operation,
+                Context().texts.Format(code::kOutOfRange, {std::to_string(slot), "1 to 14"}));
+}
+
+const CCommPort& CHardware::CommPort(int port) const {
+    return Need(ports_, port, HasPort(port), "CommPort");
+}
+CCommPort& CHardware::CommPort(int port) {
+    return Need(ports_, port, HasPort(port), "CommPort");
+}
+const CAnalogOut& CHardware::AnalogOutput(int channel) const {
+    return Need(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
+}
+CAnalogOut& CHardware::AnalogOutput(int channel) {
+    return Need(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
+}
+const CDigitalIO& CHardware::DigitalIO(int number) const {
+    return Need(digital_, number, HasDigitalIO(number), "DigitalIO");
+}
+CDigitalIO& CHardware::DigitalIO(int number) {
+    return Need(digital_, number, HasDigitalIO(number), "DigitalIO");
+}
+
+std::vector<int> CHardware::CommPorts() const {
+    return Numbers(ports_, [&](int number) { return HasPort(number); });
+}
+std::vector<int> CHardware::AnalogOutputs() const {
+    return Numbers(analog_, [&](int number) { return HasAnalogOutput(number); });
+}
+std::vector<int> CHardware::DigitalIOs() const {
+    return Numbers(digital_, [&](int number) { return HasDigitalIO(number); });
+}
+
+std::string CHardware::InputOf(int port) const {
+    return HasPort(port) ? std::string(CommPort(port).Values().inputType.Trimmed()) : std::string();
+}
+
+int CHardware::MaxCommPorts() const {
+    return CommPorts().back();
+}
+
+bool CHardware::ExpansionBoardPresent() const {
+    return std::any_of(slots_.fields.codes.begin(), slots_.fields.codes.end(),
+                       [](std::int32_t code) { return !card::IsEmpty(code); });
+}
+
+std::vector<int> CHardware::SlotsWith(std::int32_t code) const {
+    std::vector<int> slots;
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        if (CardType(slot) == code) slots.push_back(slot);
+    }
+    return slots;
+}
+
+}  // namespace calyx

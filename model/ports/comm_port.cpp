@@ -1,0 +1,64 @@
+#include "model/ports/comm_port.h"
+
+#include "model/validation/validate.h"
+
+namespace calyx {
+
+namespace {
+
+constexpr int kLastPort = 32;
+constexpr const char* kByteRange = "0 to 255";
+
+}  // namespace
+
+void CCommPort::Initialize(int portNumber) {
+    if (portNumber < 1 || portNumber > kLastPort) {
+        Fail(code::kOutOfRange, "Initialize", {std::to_string(portNumber), "1 to 32"});
+    }
+    Begin(portNumber, "#" + std::to_string(portNumber));
+    stream_.Initialize(portNumber);
+}
+
+void CCommPort::ReloadDefaults() {
+    Parameters().ReloadDefaults();
+    Fields().baudRate.Assign("9600");
+    stream_.Parameters().ReloadDefaults();
+}
+
+void CCommPort::SetAddress(int address) {
+    PortFields& fields = Fields();
+    if (address < 0 || address > 255)
+        Fail(code::kOutOfRange, "Address", {std::to_string(address), kByteRange});
+    fields.address = address;
+}
+
+void CCommPort::SetEOL(int delay) {
+    PortFields& fields = Fields();
+    if (delay < 0 || delay > 255) Fail(code::kOutOfRange, "EOL", {std::to_string(delay), kByteRange});
+    fields.endOfLineDelay = delay;
+}
+
+void CCommPort::SetAlias(std::string_view alias) {
+    PortFields& fields = Fields();
+    if (alias.size() > 8) Fail(code::kTextTooLong, "Alias");
+    if (!alias.empty() && !modValidate::ValidateAlias(alias)) Fail(code::kAliasRefused, "Alias");
+    fields.alias.Assign(alias);
+}
+
+void CCommPort::AppendState(std::string& out) const {
+    out += StoreState();
+    out += stream_.StoreState();
+}
+
+void CCommPort::AppendSent(std::string& out, const Target& target) const {
+    Parameters().Append(out, target);
+    if (Values().UsesStreamDefinition()) stream_.Parameters().Append(out, target);
+}
+
+std::string CCommPort::GetIWriteImportDef() const {
+    const auto& alias = Values().alias;
+    if (alias.Trimmed().empty()) return {};
+    return alias.Padded() + " : constant integer := " + std::to_string(PortNumber()) + ";\r\n";
+}
+
+}  // namespace calyx
