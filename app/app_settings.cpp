@@ -1,6 +1,6 @@
 #include "app/app_settings.h"
 
-#include <array>
+#include <algorithm>
 #include <system_error>
 #include <utility>
 
@@ -29,7 +29,8 @@ CAppSettings::CAppSettings(ISettingsStore& store, const ResourceTexts& texts, st
       texts_(texts),
       key_("SOFTWARE\\Calyx\\Calyx\\" + std::string(programVersion) + '\\'),
       userDataDir_(std::move(userDataDir)),
-      recorder_(std::move(recorder)) {}
+      recorder_(std::move(recorder)),
+      kept_(*this) {}
 
 std::string CAppSettings::KeyPath(const SettingRow& row) const {
     return key_ + std::string(row.subKey);
@@ -45,18 +46,18 @@ void CAppSettings::LoadRow(const SettingRow& row) {
 }
 
 void CAppSettings::Load() {
-    std::array<bool, 2> unread{};
+    unread_ = {};
     ForEachRow([&](const SettingRow& row) {
-        bool& failedBefore = unread[static_cast<std::size_t>(row.root)];
+        std::string& unread = unread_[static_cast<std::size_t>(row.root)];
         try {
             LoadRow(row);
         } catch (const std::system_error& failure) {
-            if (!std::exchange(failedBefore, true)) {
-                recorder_(Error(code::kSettingsUnread, kLoad,
-                                texts_.Format(code::kSettingsUnread, {failure.code().message()})));
-            }
+            if (!unread.empty()) return;
+            unread = failure.code().message();
+            recorder_(Error(code::kSettingsUnread, kLoad, texts_.Format(code::kSettingsUnread, {unread})));
         }
     });
+    kept_ = *this;
 }
 
 std::optional<std::string> CAppSettings::Stored(const SettingRow& row) const {
@@ -67,21 +68,46 @@ std::optional<std::string> CAppSettings::Stored(const SettingRow& row) const {
     }
 }
 
-bool CAppSettings::Save() {
+// What another program has added since Load stays; what was removed here stays removed.
+void CAppSettings::MergeRecentFiles() {
+    const SettingRow& row = *FindSettingRow("RecentFiles");
+    Settings now;
+    const auto stored = Stored(row);
+    if (!stored || !row.take(now, *stored)) return;
+    const auto holds = [](const std::vector<std::string>& files, const std::string& file) {
+        return std::find(files.begin(), files.end(), file) != files.end();
+    };
+    for (const std::string& file : now.RecentFiles) {
+        if (!holds(kept_.RecentFiles, file) && !holds(RecentFiles, file)) RecentFiles.push_back(file);
+    }
+    const auto most = static_cast<std::size_t>(std::max<std::int16_t>(MRUListEntries, 0));
+    if (RecentFiles.size() > most) RecentFiles.resize(most);
+}
+
+void CAppSettings::Save() {
+    store_.Refresh();
+    if (RecentFiles != kept_.RecentFiles) MergeRecentFiles();
+    std::string trouble;
     bool machineWideChanged = false;
     ForEachRow([&](const SettingRow& row) {
         const std::string text = Text(row);
-        if (row.root == ISettingsStore::Root::Machine) {
-            machineWideChanged |= Stored(row).value_or(std::string(row.standard)) != text;
+        if (text == row.text(kept_)) return;
+        // What could not be read must not be written over with defaults.
+        if (const std::string& unread = unread_[static_cast<std::size_t>(row.root)]; !unread.empty()) {
+            trouble = unread;
+            return;
         }
+        machineWideChanged |= row.root == ISettingsStore::Root::Machine;
         store_.Set(row.root, KeyPath(row), row.value, text);
     });
     try {
-        return store_.Save() || !machineWideChanged;
+        if (!store_.Save() && machineWideChanged) trouble = texts_.Text(code::kMachineWide);
     } catch (const std::system_error& failure) {
-        throw Error(code::kSettingsUnsaved, kSave,
-                    texts_.Format(code::kSettingsUnsaved, {failure.code().message()}));
+        trouble = failure.code().message();
     }
+    if (!trouble.empty())
+        throw Error(code::kSettingsUnsaved, kSave, texts_.Format(code::kSettingsUnsaved, {trouble}));
+    kept_ = *this;
 }
 
 }  // namespace calyx

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -15,7 +17,10 @@ namespace calyx {
 // "SOFTWARE\Calyx\Calyx\<program version>", so that another version of the program does not see them.
 //
 // Load never fails. A value that does not convert keeps its default and is recorded as error 20004; a
-// store that cannot be read leaves all defaults and is recorded once. Save raises kSettingsUnsaved.
+// store that cannot be read leaves all defaults and is recorded once.
+//
+// Several programs may run at once on one store: only what was changed here since Load is saved, and the
+// recent files of all are kept.
 class CAppSettings : public Settings {
   public:
     using Recorder = std::function<void(const Error& error)>;
@@ -25,8 +30,10 @@ class CAppSettings : public Settings {
                  std::string userDataDir, Recorder recorder);
 
     void Load();
-    // False when a machine-wide setting was changed and the system does not let this user store it.
-    bool Save();
+    // Raises kSettingsUnsaved when a changed setting cannot be stored: the store cannot be written, could
+    // not be read, or the setting is machine-wide and the system does not let this user store it. What
+    // can be stored is stored all the same.
+    void Save();
 
     // The stored text of one setting, before and apart from Load; nothing when absent or not readable.
     std::optional<std::string> Stored(const SettingRow& row) const;
@@ -43,12 +50,15 @@ class CAppSettings : public Settings {
   private:
     std::string KeyPath(const SettingRow& row) const;
     void LoadRow(const SettingRow& row);
+    void MergeRecentFiles();
 
     ISettingsStore& store_;
     const ResourceTexts& texts_;
     std::string key_;
     std::string userDataDir_;
     Recorder recorder_;
+    Settings kept_;                      // as they are in the store
+    std::array<std::string, 2> unread_;  // by root: why it could not be read; empty: it could
 };
 
 }  // namespace calyx

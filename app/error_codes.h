@@ -11,5 +11,6 @@ inline constexpr int kNoLanguage = 20101;       // {1} language code, {2} path
 inline constexpr int kUserFolder = 20102;       // {1} path, {2} reason
 inline constexpr int kSettingsUnread = 20103;   // {1} reason
 inline constexpr int kSettingsUnsaved = 20104;  // {1} reason
+inline constexpr int kMachineWide = 20105;      // such a reason
 
 }  // namespace calyx::code

@@ -34,7 +34,8 @@ std::string TimeText(std::chrono::system_clock::time_point time) {
 std::string ErrorLine(const Error& error) {
     std::string line = "error " + std::to_string(error.Code()) +
                        Formatted(" (0x%08X) in ", static_cast<unsigned>(error.Number())) + error.Source() +
-                       ": " + error.Description();
+                       Formatted(", line %d of ", error.Line().number) + error.Line().file + ": " +
+                       error.Description();
     for (char& c : line) {
         if (static_cast<unsigned char>(c) < ' ') c = ' ';
     }

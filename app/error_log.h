@@ -34,8 +34,8 @@ class ErrorLog {
     Clock clock_;
 };
 
-// An error in one line, "error 10005 (0x80042715) in Calyx.CIndicator.Load: description"; line ends and
-// other control characters become blanks.
+// An error in one line, "error 10005 (0x80042715) in Calyx.CIndicator.Load, line 47 of indicator_file.cpp:
+// description"; line ends and other control characters become blanks.
 std::string ErrorLine(const Error& error);
 
 }  // namespace calyx

@@ -12,7 +12,7 @@ namespace calyx::modStartup {
 
 namespace {
 
-constexpr auto kSource = "Calyx.modStartup.Main";
+constexpr auto kSource = "modStartup.Main";
 constexpr auto kMasterLanguage = "en";
 
 using Found = IFileStore::Found;
@@ -121,11 +121,11 @@ void ReadLists(AppContext& context) {
 std::unique_ptr<AppContext> Main(const Options& options) {
     auto context =
         std::make_unique<AppContext>(FindFolders(options.folders, options.environment), options.clock);
+    context->errorLog.DeleteWhenLarge();  // before anything is written into it
     try {
         ReadTexts(*context);
         PrepareUserFolder(*context);
         context->helpFile = HelpFile(*context);
-        context->errorLog.DeleteWhenLarge();
         CopyStreams(*context);
         ReadLanguage(*context, options.language);
         ReadLists(*context);

@@ -5,6 +5,7 @@
 
 #include "cli/exit.h"
 #include "model/language/file_store.h"
+#include "platform/paths.h"
 
 namespace calyx::cli {
 
@@ -35,18 +36,40 @@ CIndicator Opening::OpenForChange(Program& program, const std::string& file) con
     return document;
 }
 
+namespace {
+
+[[noreturn]] void FailFile(Program& program, int number, const char* source,
+                           std::initializer_list<std::string_view> arguments) {
+    throw Error(number, source, program.Model().texts.Format(number, arguments));
+}
+
+}  // namespace
+
 std::string ReadWhole(Program& program, const std::string& file) {
+    constexpr const char* kSource = "Calyx.Cli.ReadWhole";
+    if (program.Model().files->Look(file) == IFileStore::Found::Folder)
+        FailFile(program, code::kIsFolder, kSource, {file});
     try {
         return program.Model().files->Read(file);
     } catch (const std::system_error& failure) {
-        throw Error(code::kFileNotReadable, "Calyx.Cli.ReadWhole",
-                    program.Model().texts.Format(code::kFileNotReadable, {file, failure.code().message()}));
+        FailFile(program, code::kFileNotReadable, kSource, {file, failure.code().message()});
     }
 }
 
-void NeedFree(Program& program, const std::string& file, bool force) {
-    if (force || program.Model().files->Look(file) != IFileStore::Found::File) return;
-    throw UsageError(file + " exists already; --force replaces it");
+void NeedFree(Program& program, const std::string& file, std::string_view advice) {
+    if (program.Model().files->Look(file) != IFileStore::Found::File) return;
+    throw UsageError(file + " exists already; " + std::string(advice));
+}
+
+void NeedPlace(Program& program, const std::string& file) {
+    constexpr const char* kSource = "Calyx.Cli.NeedPlace";
+    using Found = IFileStore::Found;
+    const IFileStore& files = *program.Model().files;
+    if (files.Look(file) == Found::Folder) FailFile(program, code::kIsFolder, kSource, {file});
+    const std::string folder = TextOf(PathOf(file).parent_path());
+    if (folder.empty() || files.Look(folder) == Found::Folder) return;
+    const std::string reason = std::make_error_code(std::errc::no_such_file_or_directory).message();
+    FailFile(program, code::kFileNotWritten, kSource, {file, reason});
 }
 
 std::string Place::Heading(const ModelContext& context) const {
@@ -82,7 +105,13 @@ void Firmware::Apply(Program& program) const {
     if (prefix->empty()) throw UsageError("--firmware is empty; give a version, for example 3.07.");
     target.prefix = *prefix;
     if (!target.prefix.ends_with('.')) target.prefix += '.';
-    if (VersionBit(target.prefix) != kUnknownVersion) return;
+    WarnUnknown(program);
+}
+
+void WarnUnknown(Program& program) {
+    const TargetVersion& target = program.Model().target;
+    // A CB2 board takes the lines of every version.
+    if (target.cb2 || VersionBit(target.prefix) != kUnknownVersion) return;
     program.Say(target.prefix +
                 " is not a firmware version that this program knows (1.00. to 3.10.); lines that "
                 "only some versions have are left out");

@@ -19,11 +19,14 @@ struct Opening {
     CIndicator OpenForChange(Program& program, const std::string& file) const;
 };
 
-// The bytes of a file that is no configuration. 20001.
+// The bytes of a file that is no configuration. 20001, 20003.
 std::string ReadWhole(Program& program, const std::string& file);
 
-// Refuses to write over something unless `force`. Raises UsageError.
-void NeedFree(Program& program, const std::string& file, bool force);
+// Refuses to write over a file, and tells what to do instead. Raises UsageError.
+void NeedFree(Program& program, const std::string& file, std::string_view advice);
+// Before a long operation whose result goes into the file: raises 20003 for a folder and 20002 where its
+// folder is missing.
+void NeedPlace(Program& program, const std::string& file);
 
 // Where a parameter stands.
 struct Place {
@@ -44,5 +47,8 @@ struct Firmware {
     // Makes the target that of the whole program. Says so when the version is not a known one.
     void Apply(Program& program) const;
 };
+
+// Says that lines are left out when the program's target is no version that it knows.
+void WarnUnknown(Program& program);
 
 }  // namespace calyx::cli

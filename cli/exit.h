@@ -14,6 +14,9 @@ enum Exit : int {
     kInterrupted = 130  // Ctrl+C
 };
 
+// Number of an error that nothing in the program foresees.
+inline constexpr int kUnforeseen = 20190;
+
 // Wrong usage that only a command can see. Ends with kUsage and the command's usage line.
 class UsageError : public std::runtime_error {
   public:

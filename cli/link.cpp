@@ -1,6 +1,7 @@
 #include "cli/link.h"
 
 #include "app/link_settings_store.h"
+#include "cli/documents.h"
 #include "cli/exit.h"
 #include "comm/link_texts.h"
 #include "model/language/text.h"
@@ -9,18 +10,35 @@ namespace calyx::cli {
 
 namespace {
 
+constexpr const char* kBusEnabled =
+    "The Bus parameter is enabled for the communications port you are using. Please disable this parameter "
+    "to "
+    "connect.";
+
+bool IsHost(std::string_view host) {
+    if (host.starts_with('[')) return host.size() > 2 && host.find(']') == host.size() - 1;
+    return !host.empty() && host.find_first_of(" :[]/") == std::string_view::npos;
+}
+
+// 0: it is none.
+std::uint16_t PortOf(std::string_view text) {
+    const bool digits =
+        !text.empty() && text.size() <= 5 && text.find_first_not_of("0123456789") == std::string_view::npos;
+    const int port = digits ? ReadInteger(text)->value : 0;
+    return port <= 65535 ? static_cast<std::uint16_t>(port) : 0;
+}
+
 // "indicator.plant.example:10001", "[::1]:10001".
 void TakeAddress(const std::string& text, LinkSettings& link) {
     const std::size_t colon = text.rfind(':');
-    const auto port =
-        colon == std::string::npos ? std::nullopt : ReadInteger(std::string_view(text).substr(colon + 1));
-    if (colon == 0 || !port || !port->whole || port->value < 1 || port->value > 65535) {
-        throw UsageError("--tcp " + text + " is not HOST:PORT, for example 192.168.0.20:10001");
+    const bool split = colon != std::string::npos;
+    const std::string host = text.substr(0, split ? colon : 0);
+    link.tcpPort = split ? PortOf(std::string_view(text).substr(colon + 1)) : std::uint16_t{0};
+    if (!IsHost(host) || link.tcpPort == 0) {
+        throw UsageError("--tcp " + text +
+                         " is not HOST:PORT, for example 192.168.0.20:10001 or [::1]:10001");
     }
-    link.host = text.substr(0, colon);
-    if (link.host.starts_with('[') && link.host.ends_with(']'))
-        link.host = link.host.substr(1, link.host.size() - 2);
-    link.tcpPort = static_cast<std::uint16_t>(port->value);
+    link.host = host.starts_with('[') ? host.substr(1, host.size() - 2) : host;
 }
 
 void TakeSettings(const std::string& text, LinkSettings& link) {
@@ -70,8 +88,12 @@ LinkSettings LinkOptions::Resolve(const LinkSettings& stored) const {
     }
     if (search) link.searchText = *search;
     if (delayMs) link.delayMs = *delayMs;
-    link.logging = log.has_value();
+    link.logging = stored.logging || log;
     return link;
+}
+
+std::string LinkOptions::LogFile(Program& program) const {
+    return log ? *log : program.App().folders.userData + "commlog.txt";
 }
 
 Link::Link(Program& program, const LinkOptions& options)
@@ -79,13 +101,15 @@ Link::Link(Program& program, const LinkOptions& options)
       settings_(options.Resolve(StoredSettings(program.App()))),
       transports_(program.Model().texts, clock_),
       comm_({transports_, clock_, *this, program.Model().texts, program.App().cancel,
-             options.log.value_or("")}) {}
+             options.LogFile(program)}) {
+    if (options.log) NeedPlace(program, *options.log);
+}
 
 Link::~Link() {
     Disconnect();
 }
 
-std::string Link::Connect() {
+std::string Link::Connect(Bus bus) {
     try {
         comm_.Connect();
     } catch (const Error& error) {
@@ -93,6 +117,10 @@ std::string Link::Connect() {
         throw Error(error.Code(), error.Source(), program_.Model().texts.Text(link_text::kStreaming));
     }
     std::string reply = comm_.ReadVersion(program_.Model().target);
+    program_.StopIfCancelled();
+    WarnUnknown(program_);
+    if (bus == Bus::Off && comm_.CheckForBusEnabled())
+        throw Error(code::kLink, "Calyx.CIndicatorComm.CheckForBusEnabled", kBusEnabled);
     program_.StopIfCancelled();
     return reply;
 }

@@ -12,7 +12,7 @@
 namespace calyx::cli {
 
 // LINK on the command line: which way leads to the indicator. What is not said is as in the program's
-// settings.
+// settings; a log that the settings ask for is "commlog.txt" in the user's folder.
 struct LinkOptions {
     std::optional<std::string> tcp, serial, settings, search, log;
     std::optional<int> address, delayMs;
@@ -20,6 +20,7 @@ struct LinkOptions {
 
     void Declare(Options& options);
     bool Given() const { return tcp || serial; }
+    std::string LogFile(Program& program) const;
     // Raises UsageError.
     LinkSettings Resolve(const LinkSettings& stored) const;
 };
@@ -27,13 +28,15 @@ struct LinkOptions {
 // The link of one command: connects, and is closed when it ends. One a command.
 class Link final : private ILinkSettingsStore {
   public:
-    // Raises UsageError.
+    // Raises UsageError, and 20002 or 20003 for a log that cannot be written there.
     Link(Program& program, const LinkOptions& options);
     ~Link() override;
 
-    // Connects and lets the target version follow the indicator, whose reply to VERSION is returned.
+    // Connects and lets the target version follow the indicator, whose reply to VERSION is returned. A port
+    // whose bus parameter is on is refused unless any will do: it mixes its own answers into the replies.
     // Raises 12801; Interrupted.
-    std::string Connect();
+    enum class Bus { Off, Any };
+    std::string Connect(Bus bus = Bus::Off);
     void Disconnect();
 
     CIndicatorComm& Comm() { return comm_; }

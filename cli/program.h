@@ -20,7 +20,7 @@ class Program {
     Console& Ends() { return console_; }
 
     std::ostream& Out() { return console_.out; }
-    // A line on stderr.
+    // A line on stderr; control characters in it are shown as such.
     void Say(const std::string& message);
 
     // Prints a listing: as JSON when asked for, else as the text that the function writes.
@@ -36,8 +36,10 @@ class Program {
     bool json_;
 };
 
-// A value as it is shown in a sentence: in quotes, control characters as "\x07". Longer ones than
-// `most` characters are cut and end with "...".
+// Text of a file or an indicator as a terminal may be shown it: control characters as "\x07". Longer ones
+// than `most` characters are cut and end with "...".
+std::string Printable(std::string_view text, std::size_t most = std::string_view::npos);
+// The same in quotes, as a value is shown in a sentence.
 std::string Quoted(std::string_view value, std::size_t most = std::string_view::npos);
 // "1 line", "3 lines".
 std::string Counted(std::size_t count, std::string_view one, std::string_view many);

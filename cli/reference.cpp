@@ -1,6 +1,6 @@
 #include "cli/reference.h"
 
-#include <algorithm>
+#include <map>
 #include <set>
 
 #include "model/document/indicator.h"
@@ -54,20 +54,75 @@ Gate GateOf(const Item& item, std::size_t row) {
     return item.GateOf(row) | full->GateOf(row);
 }
 
-bool HasLine(const std::string& text, const std::string& key) {
-    const auto lines = ReadLines(text);
-    return std::any_of(lines.begin(), lines.end(), [&key](const KeyValue& line) { return line.key == key; });
+// A document that has an item of every kind, with a line of every parameter that this kind can have.
+CIndicator FullDocument(const ModelContext& context) {
+    CIndicator document(context);
+    document.Initialize();
+    const std::int32_t cards[] = {card::kDualSerial, card::kDualAnalogOutput, card::kDigitalIO,
+                                  card::kFirstFieldbus, card::kMemory};
+    for (int slot = 1; slot <= static_cast<int>(std::size(cards)); ++slot) {
+        document.ChangeCard(slot, cards[slot - 1]);
+    }
+    document.Hardware().MemoryCard(static_cast<int>(std::size(cards))).AddSample();
+    document.Import({{"EDP.INPUT#2", "SCALE"},
+                     {"EDP.INPUT#3", "VEXAL"},
+                     {"EDP.INPUT#4", "IND SC"},
+                     {"EDP.SOURCE#1", "SCALE1"},
+                     {"EDP.STREAM#1", "CONT"}});
+    const char* sources[] = {"A,1", "S,2", "T,1", "S,3.1", "P,5", "B,1", "B,2", "B,3", "S,4"};
+    int scale = 0;
+    for (const char* source : sources) {
+        const std::string number = std::to_string(++scale);
+        document.Import({{"SC.SRC#" + number, source}, {"SC.SPLIT#" + number, "2RANGE"}});
+    }
+    document.Import({{"SC.INPRNG#7", "20MA"}, {"SC.INPRNG#8", "THERM"}});
+    if (const CTextList* split = context.lists.List("SC.SPLIT"))
+        document.Import({{"SC.SPLIT#1", split->Last()}});
+    int setpoint = 0;
+    const CTextList* kinds = context.lists.List("SP.KINDS");
+    for (const auto& kind : *kinds) {
+        const std::string number = std::to_string(++setpoint);
+        document.Import({{"SP.KIND#" + number, kind.key}, {"SP.DSLOT#" + number, "SLOT3"}});
+    }
+    document.Import({{"SP.PREACT#2", "LEARN"}, {"SP.TOLBAND#2", "1"}, {"SP.TRIP#3", "INBAND"}});
+    return document;
 }
 
-// Which versions receive the parameter.
-std::string Receivers(const Section& section, const Item& item, std::size_t row) {
-    if (item.Info(row).more.use == Use::ReadOnly) return "never sent, read only";
-    const std::string key = item.Key(row);
-    const bool inFileOnly = HasLine(section.StoreState(), key) && !HasLine(section.GetTextOutput(true), key);
-    return inFileOnly ? "never sent, in the file only" : Words(GateOf(item, row));
-}
+// Which versions receive the parameters of a document, by the patterns of their keys.
+class Receivers {
+  public:
+    explicit Receivers(const CIndicator& document) {
+        for (const Section* section : document.Sections()) {
+            for (const KeyValue& line : ReadLines(section->StoreState())) inFile_.insert(line.key);
+            std::string sent;
+            section->AppendLines(sent, Target::Everything());
+            for (const KeyValue& line : ReadLines(sent)) sent_.insert(line.key);
+            for (const Item* item : section->Items()) {
+                for (std::size_t row = 0; row < item->RowCount(); ++row) {
+                    auto& gate = gates_.try_emplace(Pattern(item->Key(row)), Gate{0}).first->second;
+                    gate = gate | GateOf(*item, row);
+                }
+            }
+        }
+        for (const KeyValue& line : ReadLines(document.Scales().GetCalibrationValues(true)))
+            sent_.insert(line.key);
+    }
 
-Parameter Describe(const ModelContext& context, const Section& section, const Item& item, std::size_t row) {
+    std::string Of(const Item& item, std::size_t row) const {
+        if (item.Info(row).more.use == Use::ReadOnly) return "never sent, read only";
+        if (item.Info(row).more.use == Use::State) return "never sent, no line of its own";
+        const std::string key = item.Key(row);
+        if (inFile_.contains(key) && !sent_.contains(key)) return "never sent, in the file only";
+        return Words(gates_.at(Pattern(key)));
+    }
+
+  private:
+    std::set<std::string> inFile_, sent_;
+    std::map<std::string, Gate> gates_;
+};
+
+Parameter Describe(const ModelContext& context, const Receivers& receivers, const Section& section,
+                   const Item& item, std::size_t row) {
     const RowInfo& info = item.Info(row);
     Parameter p;
     p.section = section.Name();
@@ -76,7 +131,7 @@ Parameter Describe(const ModelContext& context, const Section& section, const It
     p.key = Pattern(item.Key(row));
     p.label = TextOf(context, info.more.label);
     p.help = TextOf(context, info.more.help);
-    p.initial = item.Text(row);
+    p.initial = item.InitialText(row);
     p.form = Form(info, p.initial);
     if (info.more.HasRange()) p.range = Number(info.more.min) + " to " + Number(info.more.max);
     p.unit = info.more.unit;
@@ -84,7 +139,7 @@ Parameter Describe(const ModelContext& context, const Section& section, const It
         p.list = info.more.listOf != nullptr ? info.more.listOf(item.Number()) : info.more.list;
         for (const auto& entry : *list) p.words.push_back({entry.key, entry.text});
     }
-    p.firmware = Receivers(section, item, row);
+    p.firmware = receivers.Of(item, row);
     return p;
 }
 
@@ -142,17 +197,17 @@ std::vector<std::string> Headings(const std::vector<Parameter>& parameters, cons
 }  // namespace
 
 std::vector<Parameter> CollectReference(const ModelContext& context) {
-    CIndicator document(context);
-    document.Initialize();
+    const CIndicator document = FullDocument(context);
+    const Receivers receivers(document);
     std::vector<Parameter> parameters;
     std::set<std::string> seen;
-    for (const Section* section : std::as_const(document).Sections()) {
+    for (const Section* section : document.Sections()) {
         for (const Item* item : section->Items()) {
             for (std::size_t row = 0; row < item->RowCount(); ++row) {
                 // A choice on an editor page stands for other lines, which are here themselves.
                 if (item->Info(row).more.use == Use::Page) continue;
                 if (seen.insert(Pattern(item->Key(row))).second) {
-                    parameters.push_back(Describe(context, *section, *item, row));
+                    parameters.push_back(Describe(context, receivers, *section, *item, row));
                 }
             }
         }
@@ -167,7 +222,7 @@ std::string ReferenceMarkdown(const std::vector<Parameter>& parameters) {
         "--markdown`.\n"
         "A line is written `KEY=VALUE`. \"Firmware\" names the versions that receive the line in a download; "
         "the\n"
-        "file holds it always. Lines of sections that are not listed here are kept as they are.\n";
+        "file holds it always. n stands for the number of the item.\n";
     std::set<std::string> done;
     for (const Parameter& p : parameters) {
         if (!done.insert(p.section).second) continue;

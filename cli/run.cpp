@@ -1,9 +1,10 @@
 #include "cli/run.h"
 
 #include <algorithm>
+#include <iomanip>
 #include <ostream>
+#include <sstream>
 
-#include "app/error_log.h"
 #include "app/startup.h"
 #include "app/version.h"
 #include "cli/command.h"
@@ -60,13 +61,27 @@ void PrintHelp(std::ostream& out, const Command& command, const Options& options
     if (const std::string notes = command.Notes(); !notes.empty()) out << '\n' << notes;
 }
 
+// "error 10005 (0x80042715) in Calyx.CIndicator.Load: description", which scripts take apart; control
+// characters become blanks.
+std::string ErrorText(const Error& error) {
+    std::ostringstream text;
+    text << "error " << error.Code() << " (0x" << std::hex << std::uppercase << std::setw(8)
+         << std::setfill('0') << error.Number() << ") in " << error.Source() << ": " << error.Description();
+    std::string line = text.str();
+    std::replace_if(
+        line.begin(), line.end(), [](unsigned char c) { return c < ' ' || c == 0x7F; }, ' ');
+    return line;
+}
+
 std::unique_ptr<AppContext> StartUp(const Globals& globals, Console& console) {
     modStartup::Options options;
     options.folders.userDir = globals.userDir.value_or("");
     options.folders.dataDir = globals.dataDir.value_or("");
     options.language = globals.language.value_or("");
+    const bool fresh = globals.userDir && FileStore().Look(*globals.userDir) == IFileStore::Found::Nothing;
     auto app = modStartup::Main(options);
-    for (const Error& notice : app->notices) console.err << kName << ": " << ErrorLine(notice) << '\n';
+    if (fresh) console.err << kName << ": made the folder " << Printable(*globals.userDir) << '\n';
+    for (const Error& notice : app->notices) console.err << kName << ": " << ErrorText(notice) << '\n';
     return app;
 }
 
@@ -91,7 +106,7 @@ bool IsRefusedByChecks(int code) {
 }
 
 int Fail(Console& console, const Error& error) {
-    console.err << kName << ": " << ErrorLine(error) << '\n';
+    console.err << kName << ": " << ErrorText(error) << '\n';
     if (IsRefusedByChecks(error.Code())) console.err << kName << ": --skip-checks opens it all the same\n";
     return kError;
 }
@@ -101,8 +116,9 @@ int RunWith(AppContext& app, Command& command, const Globals& globals, Console& 
     try {
         Program program(console, app, globals.json);
         const int code = command.Run(program);
-        program.StopIfCancelled();
-        return code;
+        if (!app.cancel) return code;
+        console.err << kName << ": Ctrl+C came when all was done\n";
+        return kInterrupted;
     } catch (const Error& error) {
         // What failed because it was stopped is no error of its own.
         if (app.cancel) throw Interrupted{};
@@ -172,7 +188,9 @@ int Guarded(const std::vector<std::string>& arguments, Console& console) {
     } catch (const Error& error) {
         return Fail(console, error);
     } catch (const std::exception& failure) {
-        return Fail(console, Error(code::kFileNotReadable, "Calyx.RunCli", failure.what()));
+        return Fail(console, Error(kUnforeseen, "Calyx.RunCli",
+                                   std::string("Something went wrong that the program does not foresee: ") +
+                                       failure.what()));
     }
 }
 

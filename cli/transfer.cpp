@@ -55,30 +55,17 @@ unsigned Groups::Mask() const {
     return mask;
 }
 
-std::vector<KeyValue> SentLines(const CIndicator& document, unsigned groups, const Target& target) {
-    std::vector<KeyValue> lines;
-    DownloadOptions options;
-    options.mask = groups & ~download_option::chkCODFile;
-    for (const std::string& line : SendingOrder(document, options, target)) {
-        const std::size_t equals = line.find('=');  // none: a command
-        if (equals != std::string::npos) lines.push_back({line.substr(0, equals), line.substr(equals + 1)});
-    }
-    return lines;
-}
-
 std::string ReadDump(Program& program, Link& link, Progress& progress) {
     UploadProgress events(program, progress);
-    UploadReport report = Upload(link.Comm(), program.Model().target, program.Model().texts, events);
+    UploadReport report = Upload(link.Comm(), program.Model(), events);
     progress.Clear();
     program.StopIfCancelled();
     if (report.end != UploadReport::End::Complete) throw Error(code::kLink, "Calyx.Upload", report.notice);
     return std::move(report.text);
 }
 
-CIndicator ReadIndicator(Program& program, Link& link, Progress& progress) {
-    CIndicator document(program.Model());
-    document.LoadText(ReadDump(program, link, progress), link.Comm().Where());
-    return document;
+Held ReadIndicator(Program& program, Link& link, Progress& progress) {
+    return Held(program.Model(), ReadDump(program, link, progress), link.Comm().Where());
 }
 
 }  // namespace calyx::cli

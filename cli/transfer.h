@@ -7,8 +7,7 @@
 #include "cli/link.h"
 #include "cli/options.h"
 #include "cli/progress.h"
-#include "comm/download_plan.h"
-#include "model/document/indicator.h"
+#include "comm/comparison.h"
 
 namespace calyx::cli {
 
@@ -21,13 +20,10 @@ struct Groups {
     unsigned Mask() const;
 };
 
-// The parameter lines that a download of the groups sends; what both sides of a comparison are made of.
-std::vector<KeyValue> SentLines(const CIndicator& document, unsigned groups, const Target& target);
-
 // What the connected indicator holds, as it says it. Raises 12801, with the words of what stands in the
 // way; Interrupted.
 std::string ReadDump(Program& program, Link& link, Progress& progress);
-// The same as a document.
-CIndicator ReadIndicator(Program& program, Link& link, Progress& progress);
+// The same as lines and as a document.
+Held ReadIndicator(Program& program, Link& link, Progress& progress);
 
 }  // namespace calyx::cli

@@ -22,6 +22,14 @@ int CountLines(const std::vector<DownloadStep>& steps) {
 
 }  // namespace
 
+std::string TooManyWidgetsTitle(int count) {
+    return "Widget Count #" + std::to_string(count);
+}
+
+std::string TooManyWidgetsText() {
+    return kTooManyWidgets;
+}
+
 std::string ErrorsText(std::size_t count) {
     return "Errors: " + std::to_string(count);
 }
@@ -61,12 +69,12 @@ bool CDownload::RunStep(const DownloadStep& step) {
         if (step.probe && !InSetupMode()) return false;
         events_.Status(step.status);
         if (step.widgetsTooMany > 0) {
-            events_.Notice("Widget Count #" + std::to_string(step.widgetsTooMany), kTooManyWidgets);
+            events_.Notice(TooManyWidgetsTitle(step.widgetsTooMany), TooManyWidgetsText());
         }
         return SendStepLines(step);
     } catch (const Error& error) {
-        events_.Notice(texts_->Text(link_text::kSectionFailedTitle),
-                       texts_->Text(link_text::kSectionFailed) + "\r\n\r\n" + error.Description());
+        Fail(texts_->Text(link_text::kSectionFailedTitle),
+             texts_->Text(link_text::kSectionFailed) + "\r\n\r\n" + error.Description());
         return false;
     }
 }
@@ -75,7 +83,7 @@ bool CDownload::InSetupMode() {
     last_ = link_.AskForSetupMode();
     if (last_ == SendResult::Refused || last_ == SendResult::NoAnswer) {
         report_.end = DownloadReport::End::NotInSetupMode;
-        events_.Notice({}, texts_->Text(link_text::kNotInSetupMode));
+        Fail({}, texts_->Text(link_text::kNotInSetupMode));
     }
     return last_ == SendResult::Accepted;
 }
@@ -119,15 +127,28 @@ void CDownload::Finish(bool success) {
         report_.end = End::Complete;
     } else if (last_ == SendResult::Lost) {
         report_.end = End::Lost;
-        events_.Notice(texts_->Text(link_text::kSectionFailedTitle),
-                       texts_->Format(link_text::kLostAtLine,
-                                      {std::to_string(report_.accepted), std::to_string(report_.total)}));
+        Fail(texts_->Text(link_text::kSectionFailedTitle), Counts(link_text::kLostAtLine));
     }
-    const int status = report_.end == End::Complete  ? link_text::kComplete
-                       : report_.end == End::Aborted ? link_text::kAborted
-                                                     : link_text::kFailed;
-    report_.status = texts_->Text(status);
+    report_.status = FinalStatus();
     events_.Status(report_.status);
+}
+
+void CDownload::Fail(const std::string& title, std::string reason) {
+    report_.reason = std::move(reason);
+    events_.Failure(title, report_.reason);
+}
+
+std::string CDownload::Counts(int text) const {
+    return texts_->Format(text, {std::to_string(report_.accepted), std::to_string(report_.total)});
+}
+
+// Only what has arrived makes the indicator's configuration a mixture.
+std::string CDownload::FinalStatus() const {
+    using End = DownloadReport::End;
+    if (report_.end == End::Complete) return texts_->Text(link_text::kComplete);
+    const std::string status =
+        texts_->Text(report_.end == End::Aborted ? link_text::kAborted : link_text::kFailed);
+    return report_.accepted == 0 ? status : status + " " + Counts(link_text::kPartlySent);
 }
 
 }  // namespace calyx

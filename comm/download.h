@@ -20,6 +20,7 @@ struct DownloadReport {
 
     End end = End::Failed;
     std::string status;  // the final status, in words
+    std::string reason;  // why it ended early, where the failed lines do not say it
     int total = 0;       // lines that were to be sent
     int accepted = 0;
     std::vector<FailedLine> failed;
@@ -36,6 +37,8 @@ class IDownloadEvents {
     virtual void Errors(const std::string& /*text*/) {}
     // A message that a window shows in a box; the title may be empty.
     virtual void Notice(const std::string& /*title*/, const std::string& /*text*/) {}
+    // The same for what ends the run; the report has the text too.
+    virtual void Failure(const std::string& title, const std::string& text) { Notice(title, text); }
 };
 
 // Sends a document to a connected indicator, step by step. One run at a time.
@@ -65,6 +68,9 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     bool InSetupMode();
     bool SendStepLines(const DownloadStep& step);
     std::string Reason() const;
+    void Fail(const std::string& title, std::string reason);
+    std::string Counts(int text) const;
+    std::string FinalStatus() const;
     void Finish(bool success);
 
     CIndicatorComm& link_;
@@ -82,6 +88,9 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     int stepNumber_ = 0;  // of the line in its step
 };
 
+// What is told of more widgets than the indicator holds: title and text of the notice.
+std::string TooManyWidgetsTitle(int count);
+std::string TooManyWidgetsText();
 // "Errors: 3".
 std::string ErrorsText(std::size_t count);
 // Asked after a run with failed lines.

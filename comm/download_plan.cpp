@@ -100,16 +100,25 @@ class Planner {
         const std::string file(Trim(options_.programFile));
         if (file.empty()) return {};
         IFileStore& files = *document_.Context().files;
-        if (files.Look(file) != IFileStore::Found::File) FailProgram(code::kFileNotFound, {file});
+        const IFileStore::Found found = files.Look(file);
+        if (found == IFileStore::Found::Folder) FailProgram(code::kIsFolder, code::kIsFolder, {file});
+        if (found == IFileStore::Found::Nothing)
+            FailProgram(code::kFileNotFound, code::kFileNotFound, {file});
+        std::string lines;
         try {
-            return files.Read(file);
+            lines = files.Read(file);
         } catch (const std::system_error& error) {
-            FailProgram(code::kFileNotReadable, {file, error.code().message()});
+            FailProgram(code::kFileNotReadable, code::kFileNotReadable, {file, error.code().message()});
         }
+        bool any = false;
+        ForEachLine(lines, [&any](std::string_view line) { any = any || !Trim(line).empty(); });
+        if (!any) FailProgram(code::kFileNotReadable, link_text::kEmptyProgram, {file});
+        return lines;
     }
-    [[noreturn]] void FailProgram(int number, std::initializer_list<std::string_view> arguments) const {
+    [[noreturn]] void FailProgram(int number, int text,
+                                  std::initializer_list<std::string_view> arguments) const {
         throw Error(number, "Calyx.CDownload.ReadFileToArray",
-                    document_.Context().texts.Format(number, arguments));
+                    document_.Context().texts.Format(text, arguments));
     }
 
     const CIndicator& document_;

@@ -17,6 +17,9 @@ constexpr int kBusPauseMs = 10;     // rest of the bus after a command in addres
 constexpr int kDetectWaitMs = 500;  // reception wait where the settings were detected
 constexpr int kLongestUnitMs = 60'000;
 constexpr int kTcpWaitFactor = 20;  // network and serial server need more time than a cable
+constexpr int kQuietMs = 500;       // silence after which a cancelled reply counts as ended
+constexpr int kDrainMs = 2000;      // the most that is waited for it
+constexpr int kTcpVersionMs = 500;  // least wait for a version over TCP, however small the delay is set
 constexpr std::size_t kInputBuffer = 64'000;
 constexpr std::size_t kLargestReplyMb = 64;  // a whole configuration is well below one
 
@@ -42,6 +45,11 @@ std::string_view FromVersion(std::string_view line) {
         if (v + 1 < line.size() && IsDigit(line[v + 1])) return line.substr(v);
     }
     return line;
+}
+
+bool TellsVersion(std::string_view line) {
+    const bool refused = line.find("??") != std::string_view::npos;
+    return !refused && FromVersion(line).find('.', 1) != std::string_view::npos;
 }
 
 }  // namespace
@@ -93,9 +101,10 @@ bool CIndicatorComm::SendData(std::string_view command, int timeoutMs) {
 
 SendReport CIndicatorComm::Send(std::string_view command, int timeoutMs) {
     const InUse use(*this, "SendData");
+    NeedOneLine(command, "SendData");
     SendReport report;
-    if (!ReadyForCommand()) {
-        report.result = SendResult::Lost;
+    if (const Ready ready = ReadyForCommand(&ILinkEvents::CancelSendData); ready != Ready::Yes) {
+        report.result = ready == Ready::Lost ? SendResult::Lost : SendResult::Cancelled;
         return report;
     }
     AnswerJudge judge(command, FrameAddress());
@@ -114,6 +123,7 @@ SendReport CIndicatorComm::Send(std::string_view command, int timeoutMs) {
         });
     }
     transport_->ClearBuffers();
+    drain_ = report.result == SendResult::Cancelled && report.attempts > 0;
     if (report.result == SendResult::Lost) Lose();
     return report;
 }
@@ -159,6 +169,10 @@ int CIndicatorComm::ReceptionWait() const {
     return static_cast<int>(std::lround(unit * GetBaudTimeFactor(settings_.baud)));
 }
 
+int CIndicatorComm::VersionWait() const {
+    return OverTcp() ? std::max(ReceptionWait(), kTcpVersionMs) : ReceptionWait();
+}
+
 std::optional<std::string> CIndicatorComm::GetData(std::string_view command) {
     return Receive(command, Until::Quiet, "GetData");
 }
@@ -166,7 +180,11 @@ std::optional<std::string> CIndicatorComm::GetData(std::string_view command) {
 std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Until until,
                                                    const char* operation) {
     const InUse use(*this, operation);
-    if (!ReadyForCommand()) Fail(operation, parts_.texts.Text(link_text::kNotConnected));
+    NeedOneLine(command, operation);
+    const Ready ready = ReadyForCommand(&ILinkEvents::CancelGetData);
+    if (ready == Ready::Lost) Fail(operation, parts_.texts.Text(link_text::kNotConnected));
+    if (ready == Ready::Cancelled) return std::nullopt;
+    const int wait = until == Until::LineEnd ? VersionWait() : ReceptionWait();
     const std::string line = PrepareLine(command, FrameAddress());
     WriteCommLog(line, true);
     transport_->Write(line);
@@ -185,13 +203,16 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
     int polls = 0;
     do {
         brought = false;
-        Poll(ReceptionWait(), [&](std::int64_t) {
+        Poll(wait, [&](std::int64_t) {
             listen();
             cancelled = AskCancel(&ILinkEvents::CancelGetData);
             // A serial line is gathered for the whole wait: it brings its characters one by one.
             return !cancelled && !(brought && OverTcp()) && !complete();
         });
-        if (cancelled) return std::nullopt;
+        if (cancelled) {
+            drain_ = true;
+            return std::nullopt;
+        }
         listen();
         if (reply.size() > kLargestReplyMb << 20) {
             Fail(operation, parts_.texts.Format(link_text::kTooMuch, {std::to_string(kLargestReplyMb)}));
@@ -213,9 +234,13 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
 }
 
 std::string CIndicatorComm::ReadVersion(TargetVersion& target) {
-    const auto reply = Receive("VERSION", Until::LineEnd, "ReadVersion");
-    if (!reply) return {};
-    const std::string line(FirstLine(*reply + kCr));
+    std::string line = versionReply_;
+    if (!TellsVersion(line)) {
+        const auto reply = Receive("VERSION", Until::LineEnd, "ReadVersion");
+        if (!reply) return {};
+        line = FirstLine(*reply + kCr);
+    }
+    if (!TellsVersion(line)) Fail("ReadVersion", parts_.texts.Text(link_text::kNoVersion));
     target.TakeReply(line);
     const bool cb2 = target.cb2;  // wherever in the line it stands
     const std::string_view version = FromVersion(line);
@@ -241,11 +266,32 @@ bool CIndicatorComm::Connected() {
 }
 
 // Empties the buffers, so that a late answer to the last command is not taken for the next one's.
-bool CIndicatorComm::ReadyForCommand() {
+CIndicatorComm::Ready CIndicatorComm::ReadyForCommand(CancelEvent event) {
+    const bool goOn = !connected_ || Drain(event);
     if (connected_) transport_->ClearBuffers();
-    if (connected_ && transport_->IsOpen()) return true;
+    if (connected_ && transport_->IsOpen()) return goOn ? Ready::Yes : Ready::Cancelled;
     Lose();
-    return false;
+    return Ready::Lost;
+}
+
+// Reads what is left of a cancelled command's reply until there is quiet, or no longer. False: cancelled.
+bool CIndicatorComm::Drain(CancelEvent event) {
+    if (!drain_) return true;
+    bool cancelled = false;
+    std::int64_t quietFrom = parts_.clock.NowMs();
+    const std::int64_t quiet = std::min(ReceptionWait(), kQuietMs);
+    Poll(kDrainMs, [&](std::int64_t now) {
+        cancelled = AskCancel(event);
+        if (!transport_->Read().empty()) quietFrom = now;
+        return !cancelled && now - quietFrom < quiet;
+    });
+    drain_ = cancelled;
+    return !cancelled;
+}
+
+void CIndicatorComm::NeedOneLine(std::string_view command, const char* operation) const {
+    if (WithoutLineEnd(command).find_first_of("\r\n") != std::string_view::npos)
+        Fail(operation, parts_.texts.Text(link_text::kNotOneLine));
 }
 
 // The other end is gone, or a window closed the wire meanwhile.

@@ -67,6 +67,8 @@ class CIndicatorComm {
     void Disconnect();
     bool Connected();
 
+    // Commands are one line; one with a line end before its end is refused with 12801.
+
     // Sends a command and waits for OK: at most six attempts of `timeoutMs` each; a refusal is final.
     bool SendData(std::string_view command, int timeoutMs);
     SendReport Send(std::string_view command, int timeoutMs);
@@ -74,8 +76,10 @@ class CIndicatorComm {
     // 12801 when the link is closed, before or meanwhile.
     std::optional<std::string> GetData(std::string_view command);
 
-    // Asks for the version and lets the target version follow the reply, which is returned ("V3.10.02
-    // MERRIN"; empty: none in time). A cancelled query changes nothing. 12801 as GetData.
+    // Lets the target version follow the indicator's reply to VERSION, which is returned ("V3.10.02
+    // MERRIN"). The reply that verified the connection serves; only where that told no version it is asked
+    // again. A cancelled query changes nothing and returns nothing. 12801 as GetData, and when the indicator
+    // does not tell its version: the newest one must not be taken for it.
     std::string ReadVersion(TargetVersion& target);
 
     // Whether characters arrive unasked; opens a closed wire for the question.
@@ -118,6 +122,7 @@ class CIndicatorComm {
     bool TryPair(std::string_view baud, std::string_view framing);
     bool VerifyConnect(std::string_view baud, std::string_view framing);
     bool HearsIdentification(const std::string& tried, int limitMs);
+    int VersionWait() const;
     bool Streams();
     bool AskCancelDetecting(const std::string& tried);
     [[noreturn]] void FailVerification();
@@ -125,7 +130,10 @@ class CIndicatorComm {
     // Commands: indicator_comm.cpp.
     SendResult Attempt(std::string_view command, int timeoutMs, AnswerJudge& judge);
     std::optional<std::string> Receive(std::string_view command, Until until, const char* operation);
-    bool ReadyForCommand();
+    enum class Ready { Yes, Cancelled, Lost };
+    Ready ReadyForCommand(CancelEvent event);
+    bool Drain(CancelEvent event);
+    void NeedOneLine(std::string_view command, const char* operation) const;
     void Lose();
     bool AskCancel(CancelEvent event);
     [[noreturn]] void Fail(const char* operation, std::string description) const;
@@ -142,11 +150,13 @@ class CIndicatorComm {
     std::vector<ILinkEvents*> observers_;
     std::unique_ptr<ITransport> transport_;
     std::string identification_;  // upper-cased; cached at the first use
+    std::string versionReply_;    // the line that verified the connection
     int address_ = 1;
     bool connected_ = false;
     bool streaming_ = false;
     bool cancelled_ = false;  // the search, by an observer or the program's flag
     bool inUse_ = false;
+    bool drain_ = false;  // the rest of a cancelled command's reply may still come
 };
 
 class CIndicatorComm::InUse {

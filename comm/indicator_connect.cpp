@@ -18,6 +18,10 @@ constexpr int kVersionMs = 500;  // for the answer to VERSION on a serial line
 constexpr int kPortOpenMs = 100;
 constexpr const char* kFirstSettings = "57600,N,8,1";  // only to see that the port opens
 
+std::string_view LastLine(std::string_view text) {
+    return text.substr(text.find_last_of("\r\n") + 1);
+}
+
 int Scaled(int milliseconds, double factor) {
     return static_cast<int>(std::lround(milliseconds * factor));
 }
@@ -29,7 +33,8 @@ void CIndicatorComm::Connect() {
     As("Calyx.CIndicatorComm.Connect", [this] {
         CloseTransport("Connect");
         InitComm();
-        cancelled_ = streaming_ = false;
+        cancelled_ = streaming_ = drain_ = false;
+        versionReply_.clear();
         settings_.logging ? log_.Start() : log_.Stop();
         try {
             OverTcp() ? ConnectTCPIP() : ConnectSerial();
@@ -136,8 +141,7 @@ bool CIndicatorComm::VerifyConnect(std::string_view baud, std::string_view frami
         return !AskCancelDetecting(tried);
     });
     // Over TCP the answer gets the time that the link gives every reception there.
-    return !cancelled_ &&
-           HearsIdentification(tried, OverTcp() ? ReceptionWait() : Scaled(kVersionMs, factor));
+    return !cancelled_ && HearsIdentification(tried, OverTcp() ? VersionWait() : Scaled(kVersionMs, factor));
 }
 
 bool CIndicatorComm::HearsIdentification(const std::string& tried, int limitMs) {
@@ -152,11 +156,13 @@ bool CIndicatorComm::HearsIdentification(const std::string& tried, int limitMs) 
     bool complete = false;
     const auto listen = [&] {
         reply += transport_->Read();
-        const std::string text = Upper(ReplyText(reply, "VERSION", FrameAddress()));
-        const std::size_t start = text.find(identification_);
+        const std::string text = ReplyText(reply, "VERSION", FrameAddress());
+        const std::size_t start = Upper(text).find(identification_);
         found = !text.empty() && start != std::string::npos;
         // The line's end is waited for, so that no rest of it is taken for the next command's answer.
-        complete = found && text.find(kCr, start) != std::string::npos;
+        const std::size_t end = found ? text.find(kCr, start) : std::string::npos;
+        complete = end != std::string::npos;
+        if (complete) versionReply_ = LastLine(std::string_view(text).substr(0, end));
     };
     Poll(limitMs, [&](std::int64_t) {
         listen();
@@ -169,10 +175,12 @@ bool CIndicatorComm::HearsIdentification(const std::string& tried, int limitMs) 
     return open && found && !cancelled_;
 }
 
+// What waits unread is thrown away first on purpose, so that a late answer is not taken for streaming: only
+// what arrives while it listens counts.
 bool CIndicatorComm::CheckForStreaming() {
     const InUse use(*this, "CheckForStreaming");
     return As("Calyx.CIndicatorComm.CheckForStreaming", [this] {
-        if (Connected()) return Streams();
+        if (Connected()) return Drain(&ILinkEvents::CancelGetData) && Streams();
         InitComm();
         cancelled_ = false;
         transport_ = OpenTransport();

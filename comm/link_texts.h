@@ -26,5 +26,10 @@ inline constexpr int kLostAtLine = 9610;      // download: {1} lines accepted, {
 inline constexpr int kLineRefused = 9611;     // why a line failed
 inline constexpr int kLineUnanswered = 9612;  // why a line failed
 inline constexpr int kLineLost = 9613;        // why a line failed
+inline constexpr int kDumpCutOff = 9614;      // upload: the last line has no end
+inline constexpr int kPartlySent = 9615;      // download: {1} lines accepted, {2} lines in all
+inline constexpr int kNoVersion = 9616;
+inline constexpr int kNotOneLine = 9617;    // a command with a line end in it
+inline constexpr int kEmptyProgram = 9618;  // download: {1} path
 
 }  // namespace calyx::link_text

@@ -53,13 +53,12 @@ std::unique_ptr<ITransport> TransportFactory::MakeTcp(const std::string& host, s
     if (!error) error = transport->Connect(found->endpoints, clock_, deadline, goOn);
     if (!error) return transport;
     const std::string where = host + ":" + std::to_string(port);
-    throw Error(code::kLink, "Calyx.TransportFactory.MakeTcp",
+    throw Error(code::kLink, "Calyx.CIndicatorComm.ConnectTCPIP",
                 texts_.Format(link_text::kUnreachable, {where, error.message()}));
 }
 
 std::unique_ptr<ITransport> TransportFactory::MakeSerial(const std::string& port, const std::string&) {
-    throw Error(code::kLink, "Calyx.TransportFactory.MakeSerial",
-                texts_.Format(link_text::kNoSerial, {port}));
+    throw Error(code::kLink, "Calyx.CIndicatorComm.Connect", texts_.Format(link_text::kNoSerial, {port}));
 }
 
 }  // namespace calyx

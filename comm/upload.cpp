@@ -1,8 +1,11 @@
 #include "comm/upload.h"
 
+#include <algorithm>
+#include <functional>
 #include <system_error>
 
 #include "comm/link_texts.h"
+#include "model/document/indicator.h"
 #include "model/language/error.h"
 #include "model/language/text.h"
 
@@ -24,16 +27,15 @@ class Watch : private ILinkEvents {
     LinkObserver observer_;
 };
 
-bool HoldsParameters(std::string_view text) {
-    bool found = false;
-    ForEachLine(text, [&found](std::string_view line) { found |= line.find('=') != std::string_view::npos; });
-    return found;
+using IsKnown = std::function<bool(std::string_view key)>;
+
+bool HoldsParameters(std::string_view text, const IsKnown& isKnown) {
+    const auto lines = ReadLines(text);
+    return std::any_of(lines.begin(), lines.end(), [&](const KeyValue& line) { return isKnown(line.key); });
 }
 
-}  // namespace
-
-UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
-                    IUploadEvents& events) {
+UploadReport Read(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
+                  IUploadEvents& events, const IsKnown& isKnown) {
     using End = UploadReport::End;
     constexpr Gate kReadableAnyTime = Since("3.06.");
     if (link.CheckForStreaming()) return {End::Streaming, {}, texts.Text(link_text::kStreaming)};
@@ -52,9 +54,25 @@ UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const Res
     auto reply = link.GetData("DUMPALL\r");
     if (!reply) return {End::Cancelled, {}, {}};
     // An empty answer or a refusal must not replace a file.
-    if (!HoldsParameters(*reply)) return {End::NoDump, {}, texts.Text(link_text::kNoDump)};
+    if (!HoldsParameters(*reply, isKnown)) return {End::NoDump, {}, texts.Text(link_text::kNoDump)};
     events.Received(reply->size());
+    if (reply->find_last_of("\r\n") + 1 != reply->size())
+        return {End::Incomplete, {}, texts.Text(link_text::kDumpCutOff)};
     return {End::Complete, std::move(*reply), {}};
+}
+
+}  // namespace
+
+UploadReport Upload(CIndicatorComm& link, const ModelContext& context, IUploadEvents& events) {
+    CIndicator known(context);
+    known.Initialize();
+    return Read(link, context.target, context.texts, events,
+                [&](std::string_view key) { return known.OwnerOf(key) != nullptr; });
+}
+
+UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
+                    IUploadEvents& events) {
+    return Read(link, target, texts, events, [](std::string_view) { return true; });
 }
 
 void WriteUpload(IFileStore& files, const ResourceTexts& texts, const std::string& path,

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "comm/indicator_comm.h"
+#include "model/language/context.h"
 #include "model/language/file_store.h"
 
 namespace calyx {
@@ -18,7 +19,8 @@ class IUploadEvents {
 };
 
 struct UploadReport {
-    enum class End { Complete, Cancelled, Streaming, NotInSetupMode, NoDump };
+    // Incomplete: it ends inside a line, so that nobody can tell how much is missing.
+    enum class End { Complete, Cancelled, Streaming, NotInSetupMode, NoDump, Incomplete };
 
     End end = End::Complete;
     std::string text;    // the reply as it came, parameter lines
@@ -28,7 +30,9 @@ struct UploadReport {
 // Reads the whole configuration of a connected indicator. Writing and opening it is the caller's.
 //
 // Indicators whose target version is 3.06 to 3.10 can be read outside setup mode; all others are asked first.
-// Raises 12801 when the link is lost.
+// A reply without any line that the program knows is no dump. Raises 12801 when the link is lost.
+UploadReport Upload(CIndicatorComm& link, const ModelContext& context, IUploadEvents& events);
+// The same where any line with a "=" counts as known.
 UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
                     IUploadEvents& events);
 

@@ -53,6 +53,10 @@ void FileSettingsStore::SavePart(Part& part) {
     part.text = std::move(text);
 }
 
+void FileSettingsStore::Refresh() {
+    for (Part& part : parts_) part.text.reset();
+}
+
 bool FileSettingsStore::Save() {
     // Both plans end here, whatever becomes of them: what could not be written is not seen any more.
     std::exception_ptr failure;

@@ -17,6 +17,7 @@ class FileSettingsStore final : public ISettingsStore {
 
     std::optional<std::string> Get(Root root, std::string_view keyPath, std::string_view name) override;
     void Set(Root root, std::string_view keyPath, std::string_view name, std::string_view value) override;
+    void Refresh() override;
     bool Save() override;
 
   private:

@@ -15,7 +15,9 @@ namespace calyx {
 //
 // A program killed inside Replace may leave a file ".calyx-*.tmp" behind; it can be deleted.
 //
-// Read takes at most 256 MB, thousands of times the size of a configuration, and refuses more as too
+// Read refuses named pipes, and devices that have nothing to give at once: a file dialog or a recent file
+// must not hang the program. The streams of the program's caller (/dev/stdin, /dev/fd/3) are waited for.
+// It takes at most 256 MB, thousands of times the size of a configuration, and refuses more as too
 // large, so that an endless device does not fill the memory.
 class FileStore final : public IFileStore {
   public:

@@ -16,8 +16,11 @@ std::string TextOf(const fs::path& path) {
 }
 
 std::string FolderText(std::string_view folder) {
+    // Nothing is relative to a working folder that was deleted: the path then stays as it is.
+    std::error_code noWorkingFolder;
+    const fs::path absolute = fs::absolute(PathOf(folder), noWorkingFolder);
     // An empty last element is what makes a path end with its separator.
-    return TextOf((fs::absolute(PathOf(folder)) / "").make_preferred());
+    return TextOf(((noWorkingFolder ? PathOf(folder) : absolute) / "").make_preferred());
 }
 
 void MakeFolder(const std::string& folder) {

@@ -16,7 +16,7 @@ std::string TextOf(const std::filesystem::path& path);
 bool SamePath(std::string_view a, std::string_view b);
 
 // A folder's path made absolute, ending with the platform's separator, so that a file name can be
-// appended directly.
+// appended directly. Never fails.
 std::string FolderText(std::string_view folder);
 
 // Makes the folder and those above it; one that stands already is no failure. Raises std::system_error.

@@ -26,6 +26,9 @@ class ISettingsStore {
     virtual std::optional<std::string> Get(Root root, std::string_view keyPath, std::string_view name) = 0;
     virtual void Set(Root root, std::string_view keyPath, std::string_view name, std::string_view value) = 0;
 
+    // Forgets what was read before, so that Get sees what other programs have saved since.
+    virtual void Refresh() = 0;
+
     // Writes the user's values, then the machine-wide ones. Raises std::system_error when the user's
     // cannot be written. False when only the machine-wide ones could not: usual for a user without
     // administrator's rights, and no failure. What was not written is dropped from the plan.

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "sim/text.h"
 
@@ -32,6 +33,56 @@ class Refuse : public Fault {
 
   private:
     std::string pattern_;
+};
+
+bool IsDump(std::string_view line) {
+    return EqualsNoCase(line, "DUMPALL");
+}
+
+class Forget : public Fault {
+  public:
+    explicit Forget(std::string_view pattern) : pattern_(pattern) {}
+    bool TakeLine(std::string_view line, Reply& reply) override {
+        const auto equals = line.find('=');
+        if (equals == std::string_view::npos || !FitsPattern(line.substr(0, equals), pattern_)) return false;
+        reply.bytes = kAccepted;
+        return true;
+    }
+
+  private:
+    std::string pattern_;
+};
+
+class Corrupt : public Fault {
+  public:
+    explicit Corrupt(std::string_view pattern) : pattern_(pattern) {}
+    void ChangeReply(std::string_view line, Reply& reply) override {
+        if (!IsDump(line)) return;
+        std::string dump;
+        std::string_view rest = reply.bytes;
+        while (!rest.empty()) {
+            const auto end = std::min(rest.find('\r'), rest.size());
+            const auto next = std::min(end + 2, rest.size());  // behind its CR LF
+            const bool fits = FitsPattern(rest.substr(0, rest.find('=')), pattern_);
+            dump.append(rest.substr(0, end)).append(fits ? "~" : "").append(rest.substr(end, next - end));
+            rest.remove_prefix(next);
+        }
+        reply.bytes = std::move(dump);
+    }
+
+  private:
+    std::string pattern_;
+};
+
+class Cut : public Fault {
+  public:
+    explicit Cut(std::size_t bytes) : bytes_(bytes) {}
+    void ChangeReply(std::string_view line, Reply& reply) override {
+        if (IsDump(line)) reply.bytes.resize(reply.bytes.size() - std::min(bytes_, reply.bytes.size()));
+    }
+
+  private:
+    std::size_t bytes_;
 };
 
 class Silent : public Fault {
@@ -84,12 +135,13 @@ class Garbage : public Fault {
     }
 };
 
-std::size_t LineCount(std::string_view text) {
+std::size_t ReadCount(std::string_view text, std::string_view things) {
     constexpr std::size_t most = 1'000'000;
     std::size_t count = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), count);
     if (error != std::errc() || end != text.data() + text.size() || count < 1 || count > most) {
-        throw std::invalid_argument("N is a number of lines from 1 to " + std::to_string(most));
+        throw std::invalid_argument("N is a number of " + std::string(things) + " from 1 to " +
+                                    std::to_string(most));
     }
     return count;
 }
@@ -99,24 +151,35 @@ std::unique_ptr<Fault> MakePlain(std::string_view) {
     return std::make_unique<Kind>();
 }
 
-std::unique_ptr<Fault> MakeRefuse(std::string_view argument) {
-    return std::make_unique<Refuse>(argument);
+template <class Kind>
+std::unique_ptr<Fault> MakeForKeys(std::string_view pattern) {
+    return std::make_unique<Kind>(pattern);
+}
+
+std::unique_ptr<Fault> MakeCut(std::string_view argument) {
+    return std::make_unique<Cut>(ReadCount(argument, "bytes"));
 }
 
 std::unique_ptr<Fault> MakeSilent(std::string_view argument) {
     if (argument.empty()) return std::make_unique<Silent>();
-    return std::make_unique<SilentFor>(LineCount(argument));
+    return std::make_unique<SilentFor>(ReadCount(argument, "lines"));
 }
 
 std::unique_ptr<Fault> MakeDrop(std::string_view argument) {
-    return std::make_unique<Drop>(LineCount(argument));
+    return std::make_unique<Drop>(ReadCount(argument, "lines"));
 }
 
 using enum FaultKind::Argument;
 
 constexpr FaultKind kKinds[] = {
     {"refuse", "refuse:KEY-PATTERN",
-     "Refuses lines whose key fits the pattern (* any text, ? one character).", kNeeded, MakeRefuse},
+     "Refuses lines whose key fits the pattern (* any text, ? one character).", kNeeded, MakeForKeys<Refuse>},
+    {"forget", "forget:KEY-PATTERN",
+     "Answers OK to settings whose key fits the pattern, but does not store them.", kNeeded,
+     MakeForKeys<Forget>},
+    {"corrupt", "corrupt:KEY-PATTERN", "Adds a \"~\" in its dump to the values of keys that fit the pattern.",
+     kNeeded, MakeForKeys<Corrupt>},
+    {"cut", "cut:N", "Leaves the last N bytes of its dump unsent.", kNeeded, MakeCut},
     {"silent", "silent[:N]", "Loses every line, or the first N lines: not stored, not answered.", kOptional,
      MakeSilent},
     {"drop", "drop:N", "Closes the connection, once, after N lines have been answered.", kNeeded, MakeDrop},

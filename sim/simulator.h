@@ -69,7 +69,7 @@ class Simulator {
     std::string DumpText() const;
 
     bool StateUnsaved() const;
-    // Writes the state file, if there is one and the content has changed. Raises std::system_error.
+    // Writes the state file, if there is one and the content has changed. Raises StateFileError.
     void SaveState();
 
   private:

@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 #include <system_error>
 #include <utility>
 
@@ -44,8 +43,11 @@ std::string_view TakeLine(std::string_view& text) {
     return line;
 }
 
-[[noreturn]] void FailFile(std::string_view what, const std::filesystem::path& file, std::error_code why) {
-    throw std::system_error(why, std::string(what) + " \"" + file.string() + "\"");
+using Doing = StateFileError::Doing;
+
+[[noreturn]] void FailFile(Doing doing, const std::filesystem::path& file, std::error_code why) {
+    const std::string what = doing == Doing::kReading ? "cannot read" : "cannot write";
+    throw StateFileError(doing, what + " the state file \"" + file.string() + "\": " + why.message());
 }
 
 std::error_code LastFileError() {
@@ -54,10 +56,11 @@ std::error_code LastFileError() {
 }
 
 [[noreturn]] void FailNotState(const std::filesystem::path& file) {
-    throw std::runtime_error(
+    throw StateFileError(
+        Doing::kReading,
         "\"" + file.string() +
-        "\" is not the state of a simulated indicator; give a new name or a file that the "
-        "simulated indicator has written");
+            "\" is not the state of a simulated indicator; give a new name or a file that the "
+            "simulated indicator has written");
 }
 
 // Nothing for an absent file.
@@ -65,14 +68,14 @@ std::string ReadStateFile(const std::filesystem::path& file) {
     std::error_code failure;
     const auto status = std::filesystem::status(file, failure);
     if (status.type() == std::filesystem::file_type::not_found) return {};
-    if (failure) FailFile("cannot read the state file", file, failure);
+    if (failure) FailFile(Doing::kReading, file, failure);
     if (!std::filesystem::is_regular_file(status)) FailNotState(file);
     if (std::filesystem::file_size(file) > Store::kMaxBytes + kHeading.size() + kLineEnd.size())
         FailNotState(file);
     errno = 0;
     std::ifstream in(file, std::ios::binary);
     std::string text{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-    if (!in) FailFile("cannot read the state file", file, LastFileError());
+    if (!in) FailFile(Doing::kReading, file, LastFileError());
     return text;
 }
 
@@ -142,8 +145,11 @@ std::string Store::Text() const {
 }
 
 void Store::Save(const std::filesystem::path& file) const {
-    auto fresh = file;
-    fresh += ".new";
+    // Not a name that anybody gives a file of his own, which would be lost.
+    std::filesystem::path name = ".";
+    name += file.filename();
+    name += ".calyx-new";
+    const auto fresh = file.parent_path() / name;
     errno = 0;
     std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
     out << kHeading << kLineEnd << Text();
@@ -157,7 +163,7 @@ void Store::Save(const std::filesystem::path& file) const {
     if (!failure) return;
     std::error_code ignored;
     std::filesystem::remove(fresh, ignored);
-    FailFile("cannot write the state file", file, failure);
+    FailFile(Doing::kWriting, file, failure);
 }
 
 std::optional<Store> Store::Load(const std::filesystem::path& file) {

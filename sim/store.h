@@ -4,12 +4,24 @@
 #include <cstdint>
 #include <filesystem>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 #include <unordered_map>
 #include <vector>
 
 namespace calyx::sim {
+
+// A state file that cannot be used; what() says why, with its name.
+class StateFileError : public std::runtime_error {
+  public:
+    enum class Doing { kReading, kWriting };
+    StateFileError(Doing doing, const std::string& text) : std::runtime_error(text), doing_(doing) {}
+    Doing When() const { return doing_; }
+
+  private:
+    Doing doing_;
+};
 
 // The parameters that the indicator holds, in the order in which they were first stored. Keys have no
 // case and are kept in capitals; the last value stored for a key wins and stays in the key's place.
@@ -39,10 +51,10 @@ class Store {
     // Counts up at every change of content.
     std::uint64_t Changes() const { return changes_; }
 
-    // The state file: a heading line, then Text(). Save puts a new file in the place of the old one, so
-    // that a reader finds the one or the other whole. Load gives nothing for a file that is absent or
-    // empty, and refuses one that Save did not write rather than have it overwritten later.
-    // Raise std::system_error (file cannot be read or written) and std::runtime_error (not a state file).
+    // The state file: a heading line, then Text(). Save puts a new file, written as ".NAME.calyx-new" beside
+    // it, in the place of the old one, so that a reader finds the one or the other whole. Load gives nothing
+    // for a file that is absent or empty, and refuses one that Save did not write rather than have it
+    // overwritten later. Raise StateFileError.
     void Save(const std::filesystem::path& file) const;
     static std::optional<Store> Load(const std::filesystem::path& file);
 

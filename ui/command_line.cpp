@@ -29,6 +29,10 @@ CommandLine Parse(const QStringList& words) {
                                      QStringLiteral("folder for settings and logs"), QStringLiteral("DIR"));
     const QCommandLineOption dataDir(QStringLiteral("data-dir"),
                                      QStringLiteral("folder with the program's data"), QStringLiteral("DIR"));
+    const QCommandLineOption language(
+        QStringLiteral("language"),
+        QStringLiteral("language of texts and labels, as a file in the folder texts has it"),
+        QStringLiteral("CODE"));
     const QCommandLineOption theme(QStringLiteral("theme"), QStringLiteral("system, light, dark or contrast"),
                                    QStringLiteral("NAME"));
     const QCommandLineOption picture(QStringLiteral("screenshot"),
@@ -38,7 +42,7 @@ CommandLine Parse(const QStringList& words) {
         QStringLiteral("size"), QStringLiteral("size of the window for the picture"), QStringLiteral("WxH"));
     const QCommandLineOption quit(QStringLiteral("quit-after-first-paint"),
                                   QStringLiteral("ends once the window has been drawn"));
-    parser.addOptions({userDir, dataDir, theme, picture, size, quit});
+    parser.addOptions({userDir, dataDir, language, theme, picture, size, quit});
 
     CommandLine line;
     const auto wrong = [&](const QString& why) {
@@ -56,6 +60,7 @@ CommandLine Parse(const QStringList& words) {
     options.file = parser.positionalArguments().value(0);
     options.userDir = parser.value(userDir);
     options.dataDir = parser.value(dataDir);
+    options.language = parser.value(language);
     options.picture = parser.value(picture);
     options.quitAfterFirstPaint = parser.isSet(quit);
     options.themeGiven = parser.isSet(theme);

@@ -6,6 +6,14 @@
 
 namespace calyx::ui {
 
+namespace {
+
+// Resource texts.
+constexpr int kEmptyValue = 20204;
+constexpr int kStep = 20379;  // name, value before, value after
+
+}  // namespace
+
 DocumentSession::DocumentSession(ModelContext& context, QObject* parent)
     : QObject(parent), context_(context), document_(context) {
     New();
@@ -30,15 +38,6 @@ void DocumentSession::Open(const std::string& filename, bool skipChecks) {
     emit Replaced();
 }
 
-void DocumentSession::OpenText(std::string text, const std::string& filename) {
-    CIndicator opened(context_);
-    report_ = opened.LoadText(std::move(text), filename);
-    document_ = std::move(opened);
-    history_.Clear();
-    TakeBaseline();
-    emit Replaced();
-}
-
 void DocumentSession::Save(const std::string& filename) {
     document_.Save(filename, false);
     history_.Seal();
@@ -50,7 +49,20 @@ std::vector<Refusal> DocumentSession::Edit(const std::vector<KeyValue>& lines, c
                                            const std::string& joinKey) {
     CIndicator::Taken taken = document_.Import(lines);
     if (taken.changes.Empty()) return taken.refused;
-    history_.Record(name.empty() ? StepName(lines.front().key, taken.changes) : name, taken.changes, joinKey);
+    const auto naming = [&](const ChangeSet& whole) {
+        return name.empty() ? StepName(lines.front().key, whole) : name;
+    };
+    history_.Record(naming, taken.changes, joinKey);
+    Announce(taken.changes);
+    return taken.refused;
+}
+
+std::vector<Refusal> DocumentSession::Do(const std::string& name,
+                                         const std::function<CIndicator::Taken(CIndicator&)>& act) {
+    CIndicator::Taken taken = act(document_);
+    if (taken.changes.Empty()) return taken.refused;
+    history_.Record(name, taken.changes);
+    history_.Seal();
     Announce(taken.changes);
     return taken.refused;
 }
@@ -68,12 +80,42 @@ std::optional<std::string> DocumentSession::Check(const std::string& key, const 
     return taken.refused.empty() ? std::nullopt : std::optional(taken.refused.front().reason);
 }
 
-void DocumentSession::RevertParameter(const std::string& key) {
+bool DocumentSession::RevertParameter(const std::string& key) {
     const ChangeSet back =
         ChangesSinceSave().Inverse().Where([&](const Change& c) { return EqualNoCase(c.key, key); });
     const ChangeSet effect = document_.Apply(back).changes;
+    if (effect.Empty()) return false;
     history_.Record(StepName(key, effect), effect);
+    history_.Seal();
     Announce(effect);
+    return true;
+}
+
+// A line that came or went with others holds the same value as before, or its initial one.
+bool DocumentSession::CanRevert(const Change& sinceSave) const {
+    if (sinceSave.before && sinceSave.after) return true;
+    for (const Section* section : document_.Sections()) {
+        for (const Item* item : section->Items()) {
+            if (item->Adopts(sinceSave.key)) return true;
+            const auto row = item->Find(sinceSave.key);
+            if (!row) continue;
+            const auto reverted = item->Clone();
+            reverted->Take(*row, sinceSave.before.value_or(item->InitialText(*row)));
+            return reverted->Text(*row) != item->Text(*row);
+        }
+    }
+    return false;
+}
+
+void DocumentSession::TakeBackTyping(const std::string& key) {
+    Announce(history_.TakeBack(document_, key));
+}
+
+QStringList DocumentSession::FinishInput() {
+    QStringList wrong;
+    emit Finishing(&wrong);
+    EndTyping();
+    return wrong;
 }
 
 void DocumentSession::Undo() {
@@ -120,12 +162,13 @@ void DocumentSession::AnnounceAndShow(const ChangeSet& changes) {
 
 // "Unit ID: 1 to GATE-N": by the caption and the words that people see.
 std::string DocumentSession::StepName(const std::string& key, const ChangeSet& changes) const {
+    const ResourceTexts& texts = context_.texts;
     for (const Section* section : document_.Sections()) {
         for (const Item* item : section->Items()) {
             const auto row = item->Find(key);
             if (!row) continue;
             const int label = item->Info(*row).more.label;
-            std::string name = label == 0 ? key : context_.texts.Text(label);
+            std::string name = label == 0 ? key : texts.Text(label);
             const std::string title = section->ItemTitle(*item);
             if (!title.empty()) name = title + ": " + name;
             const auto& all = changes.Changes();
@@ -135,9 +178,10 @@ std::string DocumentSession::StepName(const std::string& key, const ChangeSet& c
             const auto shown = [&](const std::optional<std::string>& value) {
                 const CTextList* list = item->List(*row);
                 const std::string* text = value && list != nullptr ? list->Item(*value) : nullptr;
-                return text != nullptr ? *text : value.value_or("");
+                if (text != nullptr) return *text;
+                return value && !value->empty() ? *value : texts.Text(kEmptyValue);
             };
-            return name + ": " + shown(change->before) + " to " + shown(change->after);
+            return texts.Format(kStep, {name, shown(change->before), shown(change->after)});
         }
     }
     return key;

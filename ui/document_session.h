@@ -1,6 +1,8 @@
 #pragma once
 
 #include <QObject>
+#include <QStringList>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -26,19 +28,32 @@ class DocumentSession : public QObject {
     // File operations; errors are calyx::Error, the document stays as it was.
     void New();
     void Open(const std::string& filename, bool skipChecks);
-    void OpenText(std::string text, const std::string& filename);  // an indicator's dump
     void Save(const std::string& filename);
 
     // Edits. `name` is the undo step's; consecutive edits with one join key are one step. What was
     // refused comes back and changes nothing.
     std::vector<Refusal> Edit(const std::vector<KeyValue>& lines, const std::string& name,
                               const std::string& joinKey = {});
+    // A change of more than lines, as one step.
+    std::vector<Refusal> Do(const std::string& name,
+                            const std::function<CIndicator::Taken(CIndicator& document)>& act);
     // One parameter. The step's name is made from label and values. Nothing: taken over.
     std::optional<std::string> SetParameter(const std::string& key, const std::string& text, bool typing);
     // Why a text would be refused for a parameter, without changing anything; nothing: it would not.
     std::optional<std::string> Check(const std::string& key, const std::string& text) const;
-    void RevertParameter(const std::string& key);  // back to what was last saved
+    // Back to what was last saved. False: nothing changed, since the line follows from other parameters.
+    bool RevertParameter(const std::string& key);
+    // Whether that would change anything.
+    bool CanRevert(const Change& sinceSave) const;
+
+    // Typing is one step until it ends. What was typed so far goes back when it has become wrong.
     void EndTyping() { history_.Seal(); }
+    void TakeBackTyping(const std::string& key);
+    // Before the document is saved, sent or left: what is being typed is taken. What cannot be taken comes
+    // back in words, one an input, and stays where it was typed.
+    QStringList FinishInput();
+    // What was typed and cannot be taken is given up.
+    void GiveUpInput() { emit GivingUp(); }
 
     // Each also asks, by GoTo, that the first parameter concerned is shown.
     void Undo();
@@ -55,7 +70,10 @@ class DocumentSession : public QObject {
     void Replaced();                                // another document, or the same one anew
     void Changed(const calyx::ChangeSet& changes);  // after every edit, undo and redo
     void Saved();
-    void GoTo(const QString& key);  // the view shall show this parameter
+    void GoTo(const QString& key);       // the view shall show this parameter
+    void Told(const QString& message);   // for the status line
+    void Finishing(QStringList* wrong);  // FinishInput: inputs take what they hold, or add their words
+    void GivingUp();                     // GiveUpInput
 
   private:
     void TakeBaseline();

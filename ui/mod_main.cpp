@@ -1,13 +1,18 @@
 #include "ui/mod_main.h"
 
 #include <QApplication>
+#include <QHelpEvent>
 #include <QPixmap>
+#include <QScopeGuard>
 #include <QTimer>
+#include <algorithm>
 #include <exception>
 #include <iostream>
+#include <memory>
 
 #include "app/startup.h"
 #include "ui/dialogs/qt_dialogs.h"
+#include "ui/dialogs/silent_dialogs.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/window/chrome_style.h"
@@ -29,7 +34,10 @@ class Application final : public QApplication {
         dialogs_ = &dialogs;
     }
 
+    void Rest() { app_ = nullptr; }
+
     bool notify(QObject* receiver, QEvent* event) override {
+        if (event->type() == QEvent::ToolTip) TimeToolTip(receiver);
         try {
             return QApplication::notify(receiver, event);
         } catch (const Error& error) {
@@ -41,6 +49,13 @@ class Application final : public QApplication {
     }
 
   private:
+    void TimeToolTip(QObject* receiver) {
+        if (app_ == nullptr || !receiver->isWidgetType()) return;
+        constexpr int kLongest = 600;  // s
+        const int seconds = std::clamp<int>(app_->settings.ToolTipDisplayTime, 1, kLongest);
+        static_cast<QWidget*>(receiver)->setToolTipDuration(seconds * 1000);
+    }
+
     void Report(const Error& error) {
         if (app_ == nullptr) return;
         app_->Record(error);
@@ -83,13 +98,13 @@ int DrawPicture(frmMain& window, const Options& options) {
     return kCannotRun;
 }
 
-int RunWindow(Application& application, AppContext& app, const Options& options) {
-    QtDialogs dialogs;
+int RunWindow(Application& application, AppContext& app, const Options& options, Dialogs& dialogs) {
     application.Serve(app, dialogs);
+    const auto rest = qScopeGuard([&application] { application.Rest(); });
     PutOn(application, LookOf(options.themeGiven ? Utf8(options.theme) : app.settings.Theme));
     frmMain window(app, dialogs);
     const bool drawn = !options.picture.isEmpty();
-    // A picture is drawn without anyone there to answer questions.
+    // Without questions, since nobody is there to answer them.
     if (!options.file.isEmpty() && !window.Files().OpenPath(options.file, drawn) && drawn) return kCannotRun;
     if (drawn) return DrawPicture(window, options);
     FirstPaint firstPaint;
@@ -101,31 +116,57 @@ int RunWindow(Application& application, AppContext& app, const Options& options)
     return QApplication::exec();
 }
 
+// The texts may be what is missing, so these words are English ones.
+int CannotStart(Dialogs& dialogs, const QString& words) {
+    dialogs.Ask(nullptr, {Tone::Warning, QStringLiteral("Calyx"), words, {}, {QStringLiteral("Close")}});
+    return kCannotRun;
+}
+
+int Start(Application& application, const Options& options, Dialogs& dialogs) {
+    modStartup::Options start;
+    start.folders.userDir = Utf8(options.userDir);
+    start.folders.dataDir = Utf8(options.dataDir);
+    start.language = Utf8(options.language);
+    try {
+        const auto app = modStartup::Main(start);
+        return RunWindow(application, *app, options, dialogs);
+    } catch (const Error& error) {
+        std::cerr << "calyx: " << ErrorLine(error) << '\n';
+        return CannotStart(dialogs, Shown(error.Description()));
+    } catch (const std::exception& failure) {
+        std::cerr << "calyx: " << failure.what() << '\n';
+        return CannotStart(dialogs, QString::fromLocal8Bit(failure.what()));
+    }
+}
+
+// Words for Qt's own options ("-platform offscreen") are its application's to take out.
+bool HasToolkitOptions(const QStringList& words) {
+    return std::any_of(words.begin(), words.end(), [](const QString& word) {
+        return word.size() > 2 && word.startsWith(QLatin1Char('-')) && !word.startsWith(QLatin1String("--"));
+    });
+}
+
+int Answer(const CommandLine& line) {
+    (line.exitCode == 0 ? std::cout : std::cerr) << Utf8(line.answer);
+    return line.exitCode;
+}
+
 }  // namespace
 
 int Run(int argc, char** argv) {
+    {
+        // Help, version and wrong words need no screen.
+        const QCoreApplication words(argc, argv);
+        const CommandLine line = Parse(QCoreApplication::arguments());
+        if (!line.answer.isEmpty() && !HasToolkitOptions(QCoreApplication::arguments())) return Answer(line);
+    }
     Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Calyx"));
     const CommandLine line = Parse(QApplication::arguments());
-    if (!line.answer.isEmpty()) {
-        (line.exitCode == 0 ? std::cout : std::cerr) << Utf8(line.answer);
-        return line.exitCode;
-    }
-    modStartup::Options start;
-    start.folders.userDir = Utf8(line.options.userDir);
-    start.folders.dataDir = Utf8(line.options.dataDir);
-    try {
-        const auto app = modStartup::Main(start);
-        return RunWindow(application, *app, line.options);
-    } catch (const Error& error) {
-        std::cerr << "calyx: " << ErrorLine(error) << '\n';
-        QtDialogs().Ask(nullptr, {Tone::Warning,
-                                  QStringLiteral("Calyx"),
-                                  Shown(error.Description()),
-                                  {},
-                                  {QStringLiteral("Close")}});
-        return kCannotRun;
-    }
+    if (!line.answer.isEmpty()) return Answer(line);
+    std::unique_ptr<Dialogs> dialogs = std::make_unique<QtDialogs>();
+    if (!line.options.picture.isEmpty()) dialogs = std::make_unique<SilentDialogs>();
+    return Start(application, line.options, *dialogs);
 }
 
 }  // namespace calyx::ui::modMain

@@ -48,6 +48,7 @@ inline constexpr int kAbout = 20339;
 inline constexpr int kParameters = 20340;
 inline constexpr int kKeyboard = 20341;
 inline constexpr int kNoRecent = 20342;
+inline constexpr int kContents = 20343;
 
 // window
 inline constexpr int kUntitled = 20360;
@@ -80,6 +81,18 @@ inline constexpr int kKeptValue = 20395;
 inline constexpr int kKeptListName = 20396;  // {1} title of the part
 inline constexpr int kOpenFile = 20397;
 inline constexpr int kReadIndicator = 20398;
+
+// what a place is for, where it is empty
+inline constexpr int kForHardware = 20640;
+inline constexpr int kForPorts = 20641;
+inline constexpr int kForScales = 20642;
+inline constexpr int kForBoxes = 20643;
+inline constexpr int kForSetpoints = 20644;
+inline constexpr int kForTickets = 20645;
+inline constexpr int kForScreens = 20646;
+inline constexpr int kForFieldbus = 20647;
+inline constexpr int kForPrompts = 20648;
+inline constexpr int kForCustom = 20649;
 
 // lines
 inline constexpr int kLinesTitle = 20400;
@@ -131,6 +144,7 @@ inline constexpr int kNoteNotWritten = 20451;
 inline constexpr int kNoteCut = 20452;  // {1} value
 inline constexpr int kTextHeading = 20453;
 inline constexpr int kPanesName = 20454;
+inline constexpr int kFollows = 20455;  // {1} key
 
 // status line
 inline constexpr int kFactNew = 20460;
@@ -148,11 +162,12 @@ inline constexpr int kTargetCb2 = 20471;           // {1} version
 inline constexpr int kFileFactName = 20472;
 inline constexpr int kDeviceFactName = 20473;
 inline constexpr int kTargetFactName = 20474;
+inline constexpr int kFactNotSent = 20475;  // {1} fact, {2} number
 
 // questions and messages
 inline constexpr int kClose = 20480;
 inline constexpr int kCancel = 20481;
-inline constexpr int kErrorNumber = 20482;  // code, number, source
+inline constexpr int kErrorNumber = 20482;  // code, number, source, line, its file
 inline constexpr int kUnsavedTitle = 20483;
 inline constexpr int kUnsaved = 20484;  // name, number
 inline constexpr int kSaveVerb = 20485;
@@ -185,7 +200,16 @@ inline constexpr int kUnexpected = 20511;  // {1} reason
 inline constexpr int kUnexpectedTitle = 20512;
 inline constexpr int kProgramFiles = 20513;
 inline constexpr int kDroppedMany = 20514;
-inline constexpr int kStartFailed = 20515;
+inline constexpr int kUnsavedOne = 20516;  // {1} name
+inline constexpr int kInputTitle = 20517;
+inline constexpr int kInputWrong = 20518;
+inline constexpr int kKeepOldValue = 20519;
+inline constexpr int kCorrect = 20520;
+inline constexpr int kSettingsTitle = 20521;
+inline constexpr int kDialogInFront = 20522;
+
+inline constexpr int kPrintedBy = 20523;  // program version, time
+inline constexpr int kPageOf = 20524;     // page, pages
 
 // connecting
 inline constexpr int kConnectTitle = 20525;
@@ -215,6 +239,8 @@ inline constexpr int kLogDownload = 20548;    // numbers
 inline constexpr int kLogRead = 20549;        // {1} number
 inline constexpr int kLogNoAnswer = 20550;
 inline constexpr int kSimulatorFailed = 20551;  // {1} reason
+inline constexpr int kGivenUp = 20552;
+inline constexpr int kWhereSimulated = 20553;
 
 // sending
 inline constexpr int kDownloadTitle = 20560;
@@ -287,6 +313,65 @@ inline constexpr int kKeyFold = 20635;
 inline constexpr int kKeyChoose = 20636;
 inline constexpr int kKeyAct = 20637;
 inline constexpr int kNothingFits = 20638;
+inline constexpr int kNoHelpTitle = 20650;
+inline constexpr int kNoHelp = 20651;
+inline constexpr int kHelpNotOpened = 20652;  // {1} path
+
+// filters of the find box
+inline constexpr int kFilterChanged = 20655;
+inline constexpr int kFilterNotDefault = 20656;
+inline constexpr int kFilterProblems = 20657;
+inline constexpr int kFilterNothing = 20658;
+inline constexpr int kFilterHint = 20659;
+
+// collections
+inline constexpr int kItemColumn = 20700;
+inline constexpr int kGoToHardware = 20701;
+inline constexpr int kBackToList = 20702;  // {1} title of the place
+inline constexpr int kPreviousItem = 20703;
+inline constexpr int kNextItem = 20704;
+inline constexpr int kDigital = 20705;
+inline constexpr int kAnalog = 20706;
+inline constexpr int kNoAnalog = 20707;
+inline constexpr int kNoFieldbus = 20708;
+
+// hardware and ports
+inline constexpr int kMainBoard = 20710;
+inline constexpr int kMainBoardBrings = 20711;
+inline constexpr int kSlotName = 20712;
+inline constexpr int kShowBrought = 20713;
+inline constexpr int kTakeCardOut = 20714;
+inline constexpr int kTakeCardTitle = 20715;
+inline constexpr int kTakeCardQuestion = 20716;
+inline constexpr int kDropSettings = 20717;
+inline constexpr int kKeepCard = 20718;
+inline constexpr int kCardStep = 20719;
+inline constexpr int kSampleName = 20730;
+inline constexpr int kSampleOf = 20731;
+inline constexpr int kGross = 20732;
+inline constexpr int kNet = 20733;
+inline constexpr int kTare = 20734;
+inline constexpr int kStateOk = 20735;
+inline constexpr int kStateMotion = 20736;
+inline constexpr int kStateRange = 20737;
+inline constexpr int kStateZero = 20738;
+inline constexpr int kStateInvalid = 20739;
+inline constexpr int kSavedFormats = 20740;
+inline constexpr int kLoadFormat = 20741;
+inline constexpr int kSaveFormat = 20742;
+inline constexpr int kDeleteFormat = 20743;
+inline constexpr int kSampleOwn = 20744;
+inline constexpr int kSampleUsual = 20745;
+inline constexpr int kNoSuchFormat = 20746;
+inline constexpr int kLoadStep = 20747;
+inline constexpr int kSaveFormatTitle = 20748;
+inline constexpr int kReplaceFormat = 20749;
+inline constexpr int kReplaceIt = 20750;
+inline constexpr int kKeepFormat = 20751;
+inline constexpr int kFormatSaved = 20752;
+inline constexpr int kDeleteFormatTitle = 20753;
+inline constexpr int kDeleteFormatQuestion = 20754;
+inline constexpr int kDeleteIt = 20755;
 
 // texts of other rooms that the windows use too
 inline constexpr int kOpening = 109;

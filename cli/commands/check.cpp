@@ -42,7 +42,7 @@ const char* Word(const ReadNote& note) {
 std::string Sentence(const ReadNote& note) {
     const std::string value = Quoted(note.value, kShown);
     const std::string became = Quoted(note.became, kShown);
-    const std::string key = std::string(note.key, 0, kShown);
+    const std::string key = Printable(note.key, kShown);
     switch (note.kind) {
         case ReadNote::Kind::TextLine:
             return (IsComment(note) ? "a comment, not kept: " : "no parameter line, not kept: ") + value;
@@ -66,7 +66,7 @@ std::string Sentence(const ReadNote& note) {
 
 std::string Place(const BrokenRule& rule) {
     return rule.section + (rule.item == 0 ? "" : " " + std::to_string(rule.item)) +
-           (rule.key.empty() ? "" : " " + rule.key);
+           (rule.key.empty() ? "" : " " + Printable(rule.key));
 }
 
 class Check final : public Command {
@@ -128,12 +128,13 @@ class Check final : public Command {
 
     void Print(std::ostream& out, const CIndicator& document, const std::vector<ReadNote>& notes,
                const std::vector<BrokenRule>& rules) const {
-        out << file_ << ": written by version " << document.FileVersion() << " for firmware "
-            << document.IndicatorVersion() << '\n';
+        out << file_ << ": written by version " << Printable(document.FileVersion(), kShown)
+            << " for firmware " << Printable(document.IndicatorVersion(), kShown) << '\n';
         if (!notes.empty()) out << "Reading passed over or changed:\n";
         for (const ReadNote& note : notes) out << "  line " << note.line << ": " << Sentence(note) << '\n';
         if (!rules.empty()) out << "Broken rules:\n";
-        for (const BrokenRule& rule : rules) out << "  " << Place(rule) << ": " << rule.text << '\n';
+        for (const BrokenRule& rule : rules)
+            out << "  " << Place(rule) << ": " << Printable(rule.text) << '\n';
         out << Counted(notes.size(), "line", "lines") << " passed over or changed, "
             << Counted(rules.size(), "broken rule", "broken rules") << '\n';
     }

@@ -15,7 +15,10 @@ class Compare final : public Command {
     std::string Notes() const override {
         return "Compared are the lines that a download of the same groups to this indicator sends. Each "
                "difference is\n"
-               "listed with the file's value and the indicator's. Exit code 1 when there are any.\n";
+               "listed with the file's value and the indicator's, \"(no line)\" where it has none. Exit code "
+               "1 "
+               "when there\n"
+               "are any.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -32,11 +35,9 @@ class Compare final : public Command {
         Link link(program, link_);
         link.Connect();
         Progress progress(program.Ends());
-        const CIndicator indicator = ReadIndicator(program, link, progress);
-        const Target target = program.Model().target.Gated();
-        const ChangeSet changes =
-            Difference(SentLines(document, groups, target), SentLines(indicator, groups, target));
-        ListDifferences(program, changes, document, indicator);
+        const Held held = ReadIndicator(program, link, progress);
+        const ChangeSet changes = AgainstIndicator(document, held, groups, program.Model().target.Gated());
+        ListDifferences(program, changes, document, held.document);
         if (changes.Empty()) program.Say("no differences");
         return changes.Empty() ? kDone : kFindings;
     }

@@ -31,12 +31,6 @@ class Connect final : public Command {
         Link link(program, link_);
         const std::string reply = link.Connect();
         const Identity identity(reply);
-        if (link.Comm().CheckForBusEnabled()) {
-            throw Error(
-                code::kLink, "Calyx.CIndicatorComm.CheckForBusEnabled",
-                "The Bus parameter is enabled for the communications port you are using. Please disable this "
-                "parameter to connect.");
-        }
         const bool setup = link.Comm().CheckForSetupMode();
         program.StopIfCancelled();
         const TargetVersion& target = program.Model().target;
@@ -47,14 +41,15 @@ class Connect final : public Command {
                             {"identification", Utf8(identity.identification)},
                             {"version", Utf8(identity.version)},
                             {"targetVersion", Utf8(target.prefix)},
+                            {"versionKnown", VersionBit(target.prefix) != kUnknownVersion},
                             {"cb2", target.cb2},
                             {"setupMode", setup}};
             },
             [&](std::ostream& out) {
                 out << "link            " << link.Comm().Where() << '\n'
-                    << "identification  " << identity.identification << '\n'
-                    << "version         " << identity.version << '\n'
-                    << "target version  " << target.prefix << '\n'
+                    << "identification  " << Printable(identity.identification) << '\n'
+                    << "version         " << Printable(identity.version) << '\n'
+                    << "target version  " << Printable(target.prefix) << '\n'
                     << "CB2             " << (target.cb2 ? "yes" : "no") << '\n'
                     << "setup mode      " << (setup ? "yes" : "no") << '\n';
             });

@@ -1,12 +1,14 @@
 #include "comm/download.h"
 
+#include <algorithm>
+
 #include "cli/commands/commands.h"
 #include "cli/differences.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
 #include "cli/transfer.h"
-#include "comm/link_texts.h"
 #include "comm/upload.h"
+#include "model/language/text.h"
 
 namespace calyx::cli {
 
@@ -23,8 +25,10 @@ class DownloadProgress final : public IDownloadEvents {
     }
     void Notice(const std::string& title, const std::string& text) override {
         progress_.Clear();
-        program_.Say(title.empty() ? text : title + ": " + text);
+        program_.Say(title + ": " + text);
     }
+    // Told once, as the error that the program ends with.
+    void Failure(const std::string&, const std::string&) override {}
 
   private:
     Program& program_;
@@ -66,13 +70,21 @@ class DownloadCommand final : public Command {
                                 .timeoutMs = timeoutMs_.value_or(DownloadOptions{}.timeoutMs),
                                 .haltOnError = haltOnError_};
         if (program_) options.mask |= download_option::chkCODFile;
-        if (options.mask & download_option::chkCODFile && !program_)
+        if (options.mask & download_option::chkCODFile && Trim(options.programFile).empty())
             throw UsageError("give the program to send with --program");
         const CIndicator document = opening_.Open(program, file_);
         return dryRun_ ? PrintLines(program, document, options) : Send(program, document, options);
     }
 
   private:
+    // What the indicator was found to hold afterwards.
+    struct ReadBack {
+        std::optional<Held> held;
+        std::optional<Error> failure;  // it could not be read
+        std::size_t compared = 0;      // lines that were to be there
+        ChangeSet changes;
+    };
+
     void CheckUsage(Program& program) const {
         if (changed_) throw UsageError("--changed is not there yet; without it all lines are sent");
         if (dryRun_ && (verify_ || backup_))
@@ -80,12 +92,19 @@ class DownloadCommand final : public Command {
         if (!dryRun_ && (firmware_.prefix || firmware_.cb2)) {
             throw UsageError("--firmware and --cb2 are for --dry-run; otherwise the indicator tells them");
         }
-        if (backup_) NeedFree(program, *backup_, false);
+        if (!backup_) return;
+        NeedFree(program, *backup_, "choose another name");
+        NeedPlace(program, *backup_);
     }
 
     int PrintLines(Program& program, const CIndicator& document, const DownloadOptions& options) const {
         firmware_.Apply(program);
-        const auto lines = SendingOrder(document, options, program.Model().target.Gated());
+        const Target target = program.Model().target.Gated();
+        for (const DownloadStep& step : PlanDownload(document, options, target)) {
+            if (step.widgetsTooMany == 0) continue;
+            program.Say(TooManyWidgetsTitle(step.widgetsTooMany) + ": " + TooManyWidgetsText());
+        }
+        const auto lines = SendingOrder(document, options, target);
         program.List(
             [&] {
                 Json listing = Json::array();
@@ -113,49 +132,76 @@ class DownloadCommand final : public Command {
         progress.End(report.status);
         program.StopIfCancelled();
 
-        const bool complete = report.end == DownloadReport::End::Complete;
-        std::optional<CIndicator> held;
-        if (verify_ && complete) held = ReadIndicator(program, link, progress);
-        const ChangeSet changes = held ? Difference(SentLines(document, options.mask, target),
-                                                    SentLines(*held, options.mask, target))
-                                       : ChangeSet();
-        Print(program, report, changes, document, held ? *held : document);
-        FailUnlessSent(program, report);
-        return report.failed.empty() && changes.Empty() ? kDone : kFindings;
+        ReadBack back;
+        if (verify_ && report.end == DownloadReport::End::Complete)
+            back = Verify(program, link, progress, document, options.mask);
+        Print(program, report, back, document);
+        FailUnlessSent(report);
+        if (back.failure) throw Error(*back.failure);
+        return report.failed.empty() && back.changes.Empty() ? kDone : kFindings;
     }
 
-    void Print(Program& program, const DownloadReport& report, const ChangeSet& changes,
-               const CIndicator& document, const CIndicator& held) const {
+    // What was sent and refused is to be told even when reading back fails.
+    static ReadBack Verify(Program& program, Link& link, Progress& progress, const CIndicator& document,
+                           unsigned groups) {
+        const Target target = program.Model().target.Gated();
+        ReadBack back;
+        try {
+            back.held = ReadIndicator(program, link, progress);
+            back.compared = SentLines(document, groups, target).size();
+            back.changes = AgainstIndicator(document, *back.held, groups, target);
+        } catch (const Error& error) {
+            program.StopIfCancelled();
+            back.failure = error;
+        }
+        return back;
+    }
+
+    void Print(Program& program, const DownloadReport& report, const ReadBack& back,
+               const CIndicator& document) const {
         program.List(
             [&] {
                 Json failed = Json::array();
                 for (const FailedLine& line : report.failed)
                     failed.push_back({{"line", Utf8(line.line)}, {"reason", Utf8(line.reason)}});
-                Json listing{{"complete", report.end == DownloadReport::End::Complete},
-                             {"status", Utf8(report.status)},
-                             {"lines", report.total},
-                             {"accepted", report.accepted},
-                             {"errors", report.failed.size()},
-                             {"failed", std::move(failed)}};
-                if (verify_) listing["differences"] = DifferencesJson(changes, document, held);
-                return listing;
+                return Json{
+                    {"complete", report.end == DownloadReport::End::Complete},
+                    {"status", Utf8(report.status)},
+                    {"lines", report.total},
+                    {"accepted", report.accepted},
+                    {"errors", report.failed.size()},
+                    {"failed", std::move(failed)},
+                    {"verified", back.held.has_value()},
+                    {"differences",
+                     back.held ? DifferencesJson(back.changes, document, back.held->document) : Json()}};
             },
             [&](std::ostream& out) {
-                PrintDifferences(out, program.Model(), changes, document, held);
-                for (const FailedLine& line : report.failed) out << line.line << ": " << line.reason << '\n';
+                if (back.held) PrintDifferences(out, back.changes, document, back.held->document);
+                if (verify_) out << ReadBackText(report, back) << '\n';
+                for (const FailedLine& line : report.failed)
+                    out << Printable(line.line) << ": " << line.reason << '\n';
                 out << ErrorsText(report.failed.size()) << '\n';
             });
     }
 
+    static std::string ReadBackText(const DownloadReport& report, const ReadBack& back) {
+        if (report.end != DownloadReport::End::Complete)
+            return "not read back: the download did not complete";
+        if (!back.held) return "not read back: " + Printable(back.failure->Description());
+        const auto& changes = back.changes.Changes();
+        const auto wrong = static_cast<std::size_t>(std::count_if(
+            changes.begin(), changes.end(), [](const Change& c) { return c.before.has_value(); }));
+        return "read back: " + Counted(back.compared - wrong, "line", "lines") + " equal, " +
+               std::to_string(changes.size()) + " differ";
+    }
+
     // Lines that were refused are findings; that the rest never went out is an error.
-    static void FailUnlessSent(Program& program, const DownloadReport& report) {
+    static void FailUnlessSent(const DownloadReport& report) {
         using End = DownloadReport::End;
-        const auto fail = [&](int text) {
-            throw Error(code::kLink, "Calyx.CDownload.Run", program.Model().texts.Text(text));
-        };
-        if (report.end == End::NotInSetupMode) fail(link_text::kNotInSetupMode);
-        if (report.end == End::Lost || (report.end == End::Failed && report.failed.empty()))
-            fail(link_text::kFailed);
+        const bool findings = report.end == End::Complete || !report.failed.empty();
+        if (findings && report.reason.empty()) return;
+        throw Error(code::kLink, "Calyx.CDownload.Run",
+                    report.reason.empty() ? report.status : report.reason);
     }
 
     std::string file_;

@@ -17,7 +17,7 @@ class New final : public Command {
     }
 
     int Run(Program& program) override {
-        NeedFree(program, file_, force_);
+        if (!force_) NeedFree(program, file_, "--force replaces it");
         CIndicator document(program.Model());
         document.Initialize();
         document.Save(file_, false);

@@ -21,10 +21,13 @@ class Print final : public Command {
         options.Word(file_, "FILE", "configuration file");
         options.Text(html_, "--html", "OUT",
                      "writes the listing as a page to this file; an existing one is replaced");
+        options.Text(pdf_, "--pdf", "OUT", "as a PDF document (in the desktop program only)");
         opening_.Declare(options);
     }
 
     int Run(Program& program) override {
+        if (html_ && pdf_) throw UsageError("give --html or --pdf, not both");
+        if (pdf_) throw UsageError("print --pdf is in the desktop program; here is --html");
         const CIndicator document = opening_.Open(program, file_);
         const std::string listing = document.GetPrintOutput();
         if (html_) {
@@ -48,7 +51,7 @@ class Print final : public Command {
     }
 
     std::string file_;
-    std::optional<std::string> html_;
+    std::optional<std::string> html_, pdf_;
     Opening opening_;
 };
 

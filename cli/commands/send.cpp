@@ -12,6 +12,7 @@ namespace calyx::cli {
 namespace {
 
 constexpr int kMostTimeoutMs = 600'000;
+constexpr std::size_t kShown = 60;  // characters of a line in a message
 
 class Send final : public Command {
   public:
@@ -22,7 +23,7 @@ class Send final : public Command {
     std::string Notes() const override {
         return "KEY=VALUE lines wait for OK or ??. Whatever else a line is, all that the indicator says to "
                "it is\n"
-               "printed as it comes. Exit code 1 when a line was refused or not answered.\n";
+               "printed, control characters as \\x07. Exit code 1 when a line was refused or not answered.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -35,11 +36,15 @@ class Send final : public Command {
     }
 
     int Run(Program& program) override {
+        for (const std::string& line : lines_) {
+            if (line.find_first_of("\r\n") != std::string::npos)
+                throw UsageError(Quoted(line, kShown) + " has a line end in it; give --line for each line");
+        }
         std::vector<std::string> lines = lines_;
         if (file_) AppendFile(program, lines);
         if (lines.empty()) throw UsageError("nothing to send; give --line or --file");
         Link link(program, link_);
-        link.Connect();
+        link.Connect(Link::Bus::Any);  // so that the bus parameter itself can be switched off
         bool allAnswered = true;
         Json listing = Json::array();
         for (const std::string& line : lines) {
@@ -47,7 +52,8 @@ class Send final : public Command {
             program.StopIfCancelled();
             allAnswered = allAnswered && answer.good;
             listing.push_back({{"line", Utf8(line)}, {"answer", Utf8(answer.text)}, {"good", answer.good}});
-            if (!program.WantsJson()) program.Out() << line << ": " << answer.text << '\n' << std::flush;
+            if (!program.WantsJson())
+                program.Out() << Printable(line) << ": " << Shown(answer.text) << std::flush;
             if (answer.lost)
                 throw Error(code::kLink, "Calyx.CIndicatorComm.Send",
                             program.Model().texts.Format(link_text::kLost, {link.Comm().Where()}));
@@ -83,6 +89,12 @@ class Send final : public Command {
         const std::string_view text = std::string_view(reply).substr(0, reply.find_last_not_of('\n') + 1);
         if (text.empty()) return {"no answer"};
         return {std::string(text), text != "??"};
+    }
+
+    static std::string Shown(const std::string& answer) {
+        std::string shown;
+        ForEachLine(answer, [&](std::string_view line) { shown += Printable(line) + "\n"; });
+        return shown;
     }
 
     void AppendFile(Program& program, std::vector<std::string>& lines) const {

@@ -65,11 +65,15 @@ class Simulate final : public Command {
             while (!program.Cancelled()) std::this_thread::sleep_for(kRest);
         } catch (const std::invalid_argument& wrong) {
             throw UsageError(wrong.what());
+        } catch (const sim::StateFileError& failure) {
+            const bool writing = failure.When() == sim::StateFileError::Doing::kWriting;
+            throw Error(writing ? code::kFileNotWritten : code::kFileNotReadable, "Calyx.Simulator.State",
+                        std::string("The simulated indicator cannot run: ") + failure.what());
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.TcpSimulator.Listen",
                         std::string("The simulated indicator cannot run: ") + failure.what());
         }
-        return kDone;  // never: it ends by Ctrl+C only
+        throw Interrupted{};  // it ends by Ctrl+C only
     }
 
   private:

@@ -29,6 +29,7 @@ class Text final : public Command {
     int Run(Program& program) override {
         firmware_.Apply(program);
         const CIndicator document = opening_.Open(program, file_);
+        target_ = program.Model().target.Gated();
         const auto sections = Chosen(document);
         program.List(
             [&] {
@@ -49,7 +50,10 @@ class Text final : public Command {
 
   private:
     std::string LinesOf(const Section& section) const {
-        return firmware_.prefix ? section.GetTextOutput(false) : section.StoreState();
+        if (!firmware_.prefix) return section.StoreState();
+        std::string lines;
+        section.AppendLines(lines, target_);
+        return lines;
     }
 
     std::vector<const Section*> Chosen(const CIndicator& document) const {
@@ -67,6 +71,7 @@ class Text final : public Command {
     std::optional<std::string> section_;
     Firmware firmware_;
     Opening opening_;
+    Target target_;
 };
 
 }  // namespace

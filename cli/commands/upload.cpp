@@ -1,5 +1,6 @@
 #include "comm/upload.h"
 
+#include <algorithm>
 #include <istream>
 
 #include "cli/commands/commands.h"
@@ -7,11 +8,13 @@
 #include "cli/exit.h"
 #include "cli/transfer.h"
 #include "model/language/file_store.h"
+#include "model/language/text.h"
 
 namespace calyx::cli {
 
 namespace {
 
+constexpr int kOpening = 109;  // numbers of texts
 constexpr int kReplaceQuestion = 1013;
 
 class UploadCommand final : public Command {
@@ -19,7 +22,8 @@ class UploadCommand final : public Command {
     std::string_view Name() const override { return "upload"; }
     std::string_view Help() const override { return "reads the indicator's configuration into a file"; }
     std::string Notes() const override {
-        return "The reply is written as it came, so the file has no checksum; --skip-checks opens it.\n";
+        return "The reply is written as it came, so the file has no checksum; --skip-checks opens it.\n"
+               "On a terminal it asks before it replaces OUT; exit code 1 when the answer is no.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -30,6 +34,7 @@ class UploadCommand final : public Command {
     }
 
     int Run(Program& program) override {
+        NeedPlace(program, file_);
         Link link(program, link_);
         if (!MayReplace(program)) {
             program.Say("nothing was read and nothing was written");
@@ -38,8 +43,10 @@ class UploadCommand final : public Command {
         link.Connect();
         Progress progress(program.Ends());
         const std::string dump = ReadDump(program, link, progress);
+        progress.Step(program.Model().texts.Text(kOpening));
         WriteUpload(*program.Model().files, program.Model().texts, file_, dump);
-        Report(program, dump.size());
+        progress.Clear();
+        Report(program, dump);
         return kDone;
     }
 
@@ -48,7 +55,7 @@ class UploadCommand final : public Command {
     bool MayReplace(Program& program) const {
         const bool exists = program.Model().files->Look(file_) == IFileStore::Found::File;
         if (!exists || force_) return true;
-        if (!program.Ends().inIsTerminal) NeedFree(program, file_, force_);
+        if (!program.Ends().inIsTerminal) NeedFree(program, file_, "--force replaces it");
         program.Ends().err << file_ << ": " << program.Model().texts.Text(kReplaceQuestion) << " [y/N] "
                            << std::flush;
         std::string answer;
@@ -57,22 +64,27 @@ class UploadCommand final : public Command {
         return answer == "y" || answer == "Y" || answer == "yes";
     }
 
-    void Report(Program& program, std::size_t characters) const {
+    void Report(Program& program, const std::string& dump) const {
         CIndicator document(program.Model());
         const ReadReport report = document.Load(file_, true);
-        const std::size_t lines = document.Lines().size();
+        // What the indicator said: the document has a line for all that it did not say.
+        const auto lines = ReadLines(dump);
+        const auto version = std::find_if(lines.begin(), lines.end(), [](const KeyValue& line) {
+            return EqualNoCase(line.key, "VERSION");
+        });
+        const bool told = version != lines.end();
         program.List(
             [&] {
                 return Json{{"file", Utf8(file_)},
-                            {"characters", characters},
-                            {"indicatorVersion", Utf8(document.IndicatorVersion())},
-                            {"lines", lines},
+                            {"characters", dump.size()},
+                            {"indicatorVersion", told ? Json(Utf8(version->value)) : Json()},
+                            {"lines", lines.size()},
                             {"notes", report.Count()}};
             },
             [&](std::ostream& out) {
-                out << file_ << ": " << Counted(characters, "character", "characters") << ", "
-                    << Counted(lines, "parameter line", "parameter lines") << ", firmware "
-                    << document.IndicatorVersion() << '\n';
+                out << file_ << ": " << Counted(dump.size(), "character", "characters") << ", "
+                    << Counted(lines.size(), "parameter line", "parameter lines") << ", firmware "
+                    << (told ? Printable(version->value) : "not told") << '\n';
             });
         if (report.Empty()) return;
         program.Say(Counted(report.Count(), "line was", "lines were") +

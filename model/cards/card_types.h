@@ -9,6 +9,7 @@ namespace card {
 inline constexpr std::int32_t kDualSerial = 1;
 inline constexpr std::int32_t kAnalogOutput = 4;
 inline constexpr std::int32_t kDigitalIO = 5;
+inline constexpr std::int32_t kPulseInput = 6;
 inline constexpr std::int32_t kMemory = 7;
 inline constexpr std::int32_t kFirstFieldbus = 8;
 inline constexpr std::int32_t kLastFieldbus = 13;

@@ -4,13 +4,13 @@
 #include <array>
 #include <iterator>
 
+#include "model/document/cross_checks.h"
 #include "model/language/text.h"
 
 namespace calyx {
 
 namespace {
 
-constexpr int kUnknownParameter = 2906;  // {1} key
 constexpr int kOneLineName = 2921;
 
 std::array<Section*, 10> InOrderOfMaking(DocumentSections& s) {
@@ -18,15 +18,18 @@ std::array<Section*, 10> InOrderOfMaking(DocumentSections& s) {
             &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes, &s.fieldbusCards};
 }
 
-// Runs a change on a section and adds what it changed, parameter by parameter.
-template <class Edit>
-void Record(Section& section, ChangeSet& changes, Edit&& edit) {
-    const auto before = section.State();
-    edit();
-    changes = changes.Then(Difference(before, section.State()));
+}  // namespace
+
+std::array<Section*, 10> InBodyOrder(DocumentSections& s) {
+    return {&s.general, &s.prompts,   &s.hardware,    &s.scales,        &s.tickets,
+            &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes, &s.fieldbusCards};
 }
 
-}  // namespace
+std::vector<int> BoxPorts(const DocumentSections& sections) {
+    std::vector<int> ports = sections.hardware.CommPorts();
+    std::erase_if(ports, [&](int port) { return sections.hardware.InputOf(port) != "VEXAL"; });
+    return ports;
+}
 
 void CIndicator::Initialize() {
     As("Calyx.CIndicator.Initialize", [&] {
@@ -52,9 +55,8 @@ void CIndicator::SetCODFilename(std::string name) {
 
 std::vector<Section*> CIndicator::Sections() {
     if (!sections_) return {};
-    DocumentSections& s = *sections_;
-    return {&s.general, &s.prompts,   &s.hardware,    &s.scales,        &s.tickets,
-            &s.widgets, &s.setpoints, &s.customParms, &s.junctionBoxes, &s.fieldbusCards};
+    const auto all = InBodyOrder(*sections_);
+    return {all.begin(), all.end()};
 }
 
 std::vector<const Section*> CIndicator::Sections() const {
@@ -98,74 +100,14 @@ std::optional<std::string> CIndicator::Value(std::string_view key) const {
     return std::nullopt;
 }
 
-CIndicator::Taken CIndicator::TakeChanges(const std::vector<Change>& changes, Section::Check check) {
-    Taken taken;
-    std::vector<bool> owned(changes.size(), false);
-    for (Section* section : Sections()) {
-        std::vector<Change> own;
-        for (std::size_t i = 0; i < changes.size(); ++i) {
-            if (owned[i] || !section->Owns(changes[i].key)) continue;
-            owned[i] = true;
-            own.push_back(changes[i]);
-        }
-        if (own.empty()) continue;
-        Record(*section, taken.changes, [&] {
-            auto refused = section->Take(own, check, [this](std::string_view key) { return Value(key); });
-            std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
-        });
-    }
-    for (std::size_t i = 0; i < changes.size(); ++i) {
-        if (owned[i]) continue;
-        taken.refused.push_back({changes[i].key, changes[i].after.value_or(""),
-                                 context_->texts.Format(kUnknownParameter, {changes[i].key})});
-    }
-    indicatorVersion_ = sections_->general.Version();
-    return taken;
-}
-
-CIndicator::Taken CIndicator::Import(const std::vector<KeyValue>& lines) {
-    return As("Calyx.CIndicator.Import", [&] {
-        NeedDocument("Import");
-        std::vector<Change> changes;
-        std::vector<Refusal> refused;
-        for (const KeyValue& line : lines) {
-            // A version that opening would reject.
-            if (EqualNoCase(line.key, "VERSION") && !VersionIsAccepted(line.value)) {
-                refused.push_back(
-                    {line.key, line.value,
-                     context_->texts.Format(code::kIndicatorRevision,
-                                            {filename_, line.value, context_->programVersion})});
-                continue;
-            }
-            changes.push_back({line.key, std::nullopt, line.value});
-        }
-        Taken taken = TakeChanges(changes, Section::Check::Strict);
-        std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
-        return taken;
-    });
-}
-
-CIndicator::Taken CIndicator::UpdateFromIndicator(std::string_view dump) {
-    return As("Calyx.CIndicator.UpdateFromIndicator", [&] {
-        NeedDocument("UpdateFromIndicator");
-        std::vector<Change> changes;
-        for (const KeyValue& line : ReadLines(dump)) changes.push_back({line.key, std::nullopt, line.value});
-        return TakeChanges(changes, Section::Check::Lenient);
-    });
-}
-
-CIndicator::Taken CIndicator::Apply(const ChangeSet& changes) {
-    return As("Calyx.CIndicator.Apply", [&] {
-        NeedDocument("Apply");
-        return TakeChanges(changes.Changes(), Section::Check::None);
-    });
-}
-
 std::vector<BrokenRule> CIndicator::Validate() const {
     std::vector<BrokenRule> rules;
     for (const Section* section : Sections()) {
         for (const BrokenRule& rule : section->BrokenRules()) rules.push_back(rule);
     }
+    CBrokenRules between;
+    if (sections_) CrossCheck(*this, between);
+    rules.insert(rules.end(), between.begin(), between.end());
     return rules;
 }
 

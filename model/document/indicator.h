@@ -101,6 +101,9 @@ class CIndicator {
     // Takes values read back from a connected indicator, as leniently as a file is read: what only the
     // indicator knows, too.
     Taken UpdateFromIndicator(std::string_view dump);
+    // Puts a card into a slot, or takes it out (card::kEmptySlot), with all that the cards bring. 10002
+    // for a slot outside 1 to 14.
+    Taken ChangeCard(int slot, std::int32_t code);
 
     std::vector<BrokenRule> Validate() const;
     // Where the installed cards that a connected indicator reports differ from the document's.
@@ -125,6 +128,8 @@ class CIndicator {
                            std::initializer_list<std::string_view> arguments) const;
     void NeedDocument(const char* operation) const;
     Taken TakeChanges(const std::vector<Change>& changes, Section::Check check);
+    // What the changes make of a value, before they are taken.
+    std::optional<std::string> ValueAfter(const std::vector<Change>& changes, std::string_view key) const;
 
     const ModelContext* context_;
     std::string filename_ = kNewFile;

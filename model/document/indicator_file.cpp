@@ -147,12 +147,22 @@ ReadReport CIndicator::LoadText(std::string text, const std::string& filename) {
 ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filename) {
     ReadReport report;
     DocumentSections s(*context_);
-    for (Section* section : std::initializer_list<Section*>{
-             &s.general, &s.prompts, &s.hardware, &s.scales, &s.tickets, &s.widgets, &s.setpoints,
-             &s.customParms, &s.junctionBoxes, &s.fieldbusCards}) {
+    for (Section* section : InBodyOrder(s)) {
         section->Initialize();
-        section->RestoreState(lines, report);
+        if (section == &s.junctionBoxes) {
+            s.junctionBoxes.RestoreState(lines, report, BoxPorts(s));
+        } else {
+            section->RestoreState(lines, report);
+        }
     }
+    s.customParms.DropOwned(
+        [&](std::string_view key) {
+            const auto all = InBodyOrder(s);
+            return std::any_of(all.begin(), all.end(), [&](const Section* section) {
+                return section != &s.customParms && section->Owns(key);
+            });
+        },
+        lines, report);
     s.general.SetVersion(indicatorVersion_);
     s.general.MarkSaved();
     AddFileNotes(lines, report);

@@ -1,9 +1,18 @@
 #pragma once
 
+#include <array>
+#include <vector>
+
 #include "model/cards/fieldbus_cards.h"
 #include "model/general/general.h"
 #include "model/hardware/hardware.h"
-#include "model/kept/kept_sections.h"
+#include "model/junctionboxes/junction_boxes.h"
+#include "model/prompts/custom_parms.h"
+#include "model/prompts/prompts.h"
+#include "model/scales/scales.h"
+#include "model/setpoints/setpoints.h"
+#include "model/tickets/tickets.h"
+#include "model/widgets/widgets.h"
 
 namespace calyx {
 
@@ -32,5 +41,10 @@ struct DocumentSections {
     CJunctionBoxes junctionBoxes;
     CFieldbusCards fieldbusCards;
 };
+
+// In the order of the file body.
+std::array<Section*, 10> InBodyOrder(DocumentSections& sections);
+// The serial ports that a junction box is on, ascending.
+std::vector<int> BoxPorts(const DocumentSections& sections);
 
 }  // namespace calyx

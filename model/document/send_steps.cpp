@@ -9,12 +9,15 @@ namespace calyx {
 
 namespace {
 
-// Firmware before 3.01 holds 128 widgets.
-constexpr std::size_t kOldWidgetLimit = 128;
-
 std::string TextOf(const Section& section, const Target& target) {
     std::string text;
     section.AppendText(text, target);
+    return text;
+}
+
+std::string CalibrationOf(const CScales& scales, const Target& target) {
+    std::string text;
+    scales.AppendCalibration(text, target);
     return text;
 }
 
@@ -22,16 +25,6 @@ std::string HardwareText(const CIndicator& document, const Target& target,
                          void (CHardware::*append)(std::string&, const Target&) const) {
     std::string text;
     (document.Hardware().*append)(text, target);
-    return text;
-}
-
-std::string WidgetLines(const CWidgets& widgets, const Target& target) {
-    std::string text = "WDGT.CLR\r\n";
-    const auto& lines = widgets.Lines();
-    const std::size_t count =
-        target.Opens(Since("3.01.")) ? lines.size() : std::min(lines.size(), kOldWidgetLimit);
-    for (std::size_t i = 0; i < count; ++i)
-        text.append(lines[i].key).append("=").append(lines[i].value).append("\r\n");
     return text;
 }
 
@@ -46,7 +39,7 @@ std::string LinesOf(const CIndicator& document, SendStep step, const Target& tar
         case SendStep::Fieldbus:
             return TextOf(document.FieldbusCards(), target);
         case SendStep::Vexals:
-            return VexalPorts(document).empty() ? std::string() : TextOf(document.JunctionBoxes(), target);
+            return TextOf(document.JunctionBoxes(), target);
         case SendStep::Features:
             return TextOf(document.General(), target) + TextOf(document.CustomParms(), target);
         case SendStep::DigitalIO:
@@ -58,11 +51,11 @@ std::string LinesOf(const CIndicator& document, SendStep step, const Target& tar
         case SendStep::Tickets:
             return TextOf(document.Tickets(), target);
         case SendStep::Calibration:
-            return document.Scales().GetCalibrationValues();
+            return CalibrationOf(document.Scales(), target);
         case SendStep::Setpoints:
             return TextOf(document.Setpoints(), target);
         case SendStep::Widgets:
-            return WidgetLines(document.Widgets(), target);
+            return document.Widgets().LinesToSend(target);
         case SendStep::Database:
             return HardwareText(document, target, &CHardware::AppendDatabase);
     }
@@ -76,7 +69,7 @@ std::vector<int> VexalPorts(const CIndicator& document) {
 }
 
 int WidgetCount(const CIndicator& document) {
-    return static_cast<int>(document.Widgets().Lines().size());
+    return document.Widgets().WidgetCount();
 }
 
 }  // namespace calyx

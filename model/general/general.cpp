@@ -1,13 +1,8 @@
 #include "model/general/general.h"
 
-#include <array>
+#include "model/prompts/optional_block.h"
 
 namespace calyx {
-
-namespace {
-constexpr std::array<std::string_view, 1> kSoftKeyKeys{"SOFTKEY"};
-constexpr std::array<std::string_view, 1> kIndustrialKeys{"INDMODE."};
-}  // namespace
 
 CGeneral::CGeneral(const ModelContext& context)
     : Section(context),
@@ -15,8 +10,8 @@ CGeneral::CGeneral(const ModelContext& context)
       version_(kVersionTable, context),
       general_(kGeneralTable, context),
       keyLocks_(kKeyLockTable, context),
-      softKeys_(kSoftKeyKeys),
-      industrialMode_(kIndustrialKeys) {}
+      softKeys_(kSoftKeyTable, context),
+      industrialMode_(kIndustrialModeTable, context) {}
 
 std::vector<Item*> CGeneral::Items() {
     return {&version_, &general_, &keyLocks_, &softKeys_, &industrialMode_};
@@ -24,10 +19,11 @@ std::vector<Item*> CGeneral::Items() {
 
 void CGeneral::RestoreState(Dictionary& lines, ReadReport& report) {
     report.Enter(std::string(Name()));
-    for (Item* item : Items()) {
-        if (item != &keyLocks_) item->Restore(lines, report);
-    }
+    version_.Restore(lines, report);
+    general_.Restore(lines, report);
     RestoreKeyLockCommands(lines, report);
+    RestoreBlock(softKeys_, lines, report);
+    RestoreBlock(industrialMode_, lines, report);
 }
 
 void CGeneral::AppendState(std::string& out) const {
@@ -51,11 +47,11 @@ std::string CGeneral::BuildKeyLockCommands() const {
 }
 
 void CGeneral::RestoreKeyLockCommands(Dictionary& lines, ReadReport& report) {
-    keyLocks_.fields.inFile = false;
-    for (std::size_t i = 0; i < keyLocks_.RowCount(); ++i) {
-        if (lines.Peek(keyLocks_.Key(i)) != nullptr) keyLocks_.fields.inFile = true;
-    }
-    keyLocks_.Restore(lines, report);
+    RestoreBlock(keyLocks_, lines, report);
+}
+
+void CGeneral::AddBrokenRules(CBrokenRules& rules) const {
+    CheckSoftKeys(softKeys_.fields, Context(), Name(), rules);
 }
 
 }  // namespace calyx

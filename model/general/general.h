@@ -6,8 +6,9 @@
 
 #include "model/general/general_fields.h"
 #include "model/general/general_lists.h"
-#include "model/kept/kept_lines.h"
 #include "model/language/section.h"
+#include "model/prompts/industrial_mode.h"
+#include "model/prompts/soft_keys.h"
 
 namespace calyx {
 
@@ -31,21 +32,24 @@ class CGeneral : public Section {
     const CGeneralLists& Lists() const { return lists_; }
     const CTextList& RegulatoryWordings() const { return lists_.RegWords(); }
     const CTextList& ImageModesList() const { return lists_.ImageModes(); }
-    const KeptLines& SoftKeys() const { return softKeys_; }
-    const KeptLines& IndustrialModeSettings() const { return industrialMode_; }
+    const SoftKeyFields& SoftKeys() const { return softKeys_.fields; }
+    const IndustrialModeFields& IndustrialModeSettings() const { return industrialMode_.fields; }
 
     // One line a front-panel key, "KLOCK.KZERO=False" and so on.
     std::string BuildKeyLockCommands() const;
     void RestoreKeyLockCommands(Dictionary& lines, ReadReport& report);
     bool KeyLockState(std::size_t key) const { return keyLocks_.fields.locked.at(key); }  // 0 to 21
 
+  protected:
+    void AddBrokenRules(CBrokenRules& rules) const override;
+
   private:
     CGeneralLists lists_;
     RowItem<VersionFields> version_;
     RowItem<GeneralFields> general_;
     RowItem<KeyLockFields> keyLocks_;
-    KeptLines softKeys_;
-    KeptLines industrialMode_;
+    RowItem<SoftKeyFields> softKeys_;
+    RowItem<IndustrialModeFields> industrialMode_;
 };
 
 }  // namespace calyx

@@ -8,7 +8,6 @@ namespace calyx {
 
 namespace {
 
-constexpr std::array<std::string_view, 1> kDatabaseKeys{"DB."};
 constexpr std::string_view kHardware = "HARDWARE";
 constexpr int kBoardPorts = 4;
 constexpr int kMainBoard = 0;  // number of its digital points
@@ -38,8 +37,7 @@ CHardware::CHardware(const ModelContext& context)
       portLists_(context),
       analogLists_(context),
       digitalLists_(context),
-      slots_(kSlotTable, context),
-      database_(kDatabaseKeys) {
+      slots_(kSlotTable, context) {
     live_.fill(card::kEmptySlot);
     MakeRoom();
 }
@@ -57,7 +55,11 @@ std::vector<Item*> CHardware::Items() {
     for (auto& [number, points] : digital_) {
         if (HasDigitalIO(number)) items.push_back(&points.Parameters());
     }
-    items.push_back(&database_);
+    for (auto& [slot, memory] : memory_) {
+        if (!HasMemoryCard(slot)) continue;
+        const auto tables = memory.Items();
+        items.insert(items.end(), tables.begin(), tables.end());
+    }
     return items;
 }
 
@@ -65,9 +67,9 @@ void CHardware::Initialize() {
     ports_.clear();
     analog_.clear();
     digital_.clear();
+    memory_.clear();
     slots_.Initialize();
     MakeRoom();
-    database_.Initialize();
 }
 
 // The slots first: they say which objects there are to read.
@@ -77,6 +79,7 @@ void CHardware::RestoreState(Dictionary& lines, ReadReport& report) {
         MakeRoom();
     }
     Section::RestoreState(lines, report);
+    for (const int slot : MemoryCards()) memory_.at(slot).RestoreState(lines, report);
     MarkSaved();
 }
 
@@ -96,6 +99,7 @@ void CHardware::MakeRoom() {
         if (code == card::kAnalogOutput || code == card::kDualAnalogOutput) make(analog_, slot);
         if (code == card::kDualAnalogOutput) make(analog_, card::SecondChannel(slot));
         if (code == card::kDigitalIO) make(digital_, slot);
+        if (code == card::kMemory) make(memory_, slot);
     }
 }
 
@@ -103,11 +107,13 @@ void CHardware::MarkSaved() {
     std::erase_if(ports_, [&](const auto& port) { return !HasPort(port.first); });
     std::erase_if(analog_, [&](const auto& channel) { return !HasAnalogOutput(channel.first); });
     std::erase_if(digital_, [&](const auto& points) { return !HasDigitalIO(points.first); });
+    std::erase_if(memory_, [&](const auto& memory) { return !HasMemoryCard(memory.first); });
+    for (auto& [slot, memory] : memory_) memory.MarkSaved();
     Section::MarkSaved();
 }
 
 // What new cards bring must be there before its lines are taken.
-void CHardware::Prepare(std::vector<Change>& changes, Check, const ValueOf&) {
+void CHardware::Prepare(std::vector<Change>& changes, Check check, const ValueOf&) {
     for (const Change& change : changes) {
         if (!EqualNoCase(change.key, kHardware)) continue;
         SlotFields wanted = slots_.fields;
@@ -117,6 +123,13 @@ void CHardware::Prepare(std::vector<Change>& changes, Check, const ValueOf&) {
             if (wanted.codes[Place(slot)] != CardType(slot)) SetCard(slot, wanted.codes[Place(slot)]);
         }
     }
+    for (const int slot : MemoryCards()) memory_.at(slot).Prepare(changes, check);
+}
+
+bool CHardware::IsDirty() const {
+    const auto cards = MemoryCards();
+    return Section::IsDirty() ||
+           std::any_of(cards.begin(), cards.end(), [&](int slot) { return memory_.at(slot).IsDirty(); });
 }
 
 std::int32_t CHardware::CardType(int slot) const {
@@ -140,6 +153,7 @@ void CHardware::SetCard(int slot, std::int32_t code) {
         for (const int port : {card::FirstPort(slot), card::FirstPort(slot) + 1}) reload(ports_, port);
     }
     if (HasDigitalIO(slot)) reload(digital_, slot);
+    if (HasMemoryCard(slot)) reload(memory_, slot);
     for (const int channel : {slot, card::SecondChannel(slot)}) {
         if (HasAnalogOutput(channel)) reload(analog_, channel);
     }
@@ -189,6 +203,10 @@ bool CHardware::HasDigitalIO(int number) const {
     return CardType(number) == card::kDigitalIO;
 }
 
+bool CHardware::HasMemoryCard(int slot) const {
+    return slot >= 1 && slot <= card::kSlots && CardType(slot) == card::kMemory;
+}
+
 template <class Map>
 auto& CHardware::Need(Map& objects, int number, bool exists, const char* operation) const {
     const auto found = objects.find(number);
@@ -222,6 +240,16 @@ const CDigitalIO& CHardware::DigitalIO(int number) const {
 }
 CDigitalIO& CHardware::DigitalIO(int number) {
     return Need(digital_, number, HasDigitalIO(number), "DigitalIO");
+}
+
+const CMemoryCard& CHardware::MemoryCard(int slot) const {
+    return Need(memory_, slot, HasMemoryCard(slot), "MemoryCard");
+}
+CMemoryCard& CHardware::MemoryCard(int slot) {
+    return Need(memory_, slot, HasMemoryCard(slot), "MemoryCard");
+}
+std::vector<int> CHardware::MemoryCards() const {
+    return Numbers(memory_, [&](int slot) { return HasMemoryCard(slot); });
 }
 
 std::vector<int> CHardware::CommPorts() const {

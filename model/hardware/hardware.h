@@ -10,8 +10,8 @@
 #include "model/cards/card_lists.h"
 #include "model/cards/card_types.h"
 #include "model/cards/digital_io.h"
+#include "model/database/memory_card.h"
 #include "model/hardware/slot_fields.h"
-#include "model/kept/kept_lines.h"
 #include "model/language/section.h"
 #include "model/ports/comm_port.h"
 
@@ -33,11 +33,13 @@ class CHardware : public Section {
     void RestoreState(Dictionary& lines, ReadReport& report) override;
     // HARDWARE, every port with its stream, analog outputs, digital points, memory cards.
     void AppendState(std::string& out) const override;
+    void AppendLines(std::string& out, const Target& target) const override;  // the same, gated
     // The line HARDWARE alone, which no version gates.
     void AppendText(std::string& out, const Target& target) const override;
     std::string GetPrintOutput() const override;
     std::string GetIWriteImportDef() const override;
     bool Owns(std::string_view key) const override;
+    bool IsDirty() const override;
     void MarkSaved() override;
 
     std::int32_t CardType(int slot) const;  // card::kEmptySlot for none
@@ -70,6 +72,11 @@ class CHardware : public Section {
     CDigitalIO& DigitalIO(int number);
     std::vector<int> DigitalIOs() const;
     int MaxDigitalIOCards() const { return card::kSlots; }
+
+    bool HasMemoryCard(int slot) const;
+    const CMemoryCard& MemoryCard(int slot) const;
+    CMemoryCard& MemoryCard(int slot);
+    std::vector<int> MemoryCards() const;  // slots
 
     bool ExpansionBoardPresent() const;  // any card in any slot
     std::vector<int> SlotsWith(std::int32_t code) const;
@@ -109,7 +116,7 @@ class CHardware : public Section {
     std::map<int, CCommPort> ports_;
     std::map<int, CAnalogOut> analog_;
     std::map<int, CDigitalIO> digital_;
-    KeptLines database_;
+    std::map<int, CMemoryCard> memory_;
     std::array<std::int32_t, card::kSlots> live_{};
 };
 

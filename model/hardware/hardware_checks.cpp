@@ -1,5 +1,7 @@
 // The rules that ports and cards keep by themselves; those between sections stand with the document.
 
+#include <set>
+
 #include "model/hardware/hardware.h"
 
 namespace calyx {
@@ -20,6 +22,8 @@ void CHardware::AddBrokenRules(CBrokenRules& rules) const {
     ValidateCommPorts(rules);
     ValidateAnalog(rules);
     ValidateDigital(rules);
+    std::set<std::string> tables;
+    for (const int slot : MemoryCards()) MemoryCard(slot).AddBrokenRules(rules, Name(), tables);
 }
 
 void CHardware::ValidateCommPorts(CBrokenRules& rules) const {

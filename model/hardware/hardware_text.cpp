@@ -22,12 +22,19 @@ void CHardware::AppendText(std::string& out, const Target& target) const {
 }
 
 void CHardware::AppendState(std::string& out) const {
-    const Target everything = Target::Everything();
-    AppendText(out, everything);
-    for (const int port : CommPorts()) CommPort(port).AppendState(out);
-    AppendAnalog(out, everything);
-    AppendDigitalIO(out, everything);
-    AppendDatabase(out, everything);
+    AppendLines(out, Target::Everything());
+}
+
+void CHardware::AppendLines(std::string& out, const Target& target) const {
+    AppendText(out, target);
+    for (const int number : CommPorts()) {
+        const CCommPort& port = CommPort(number);
+        port.Parameters().Append(out, target);
+        port.Stream().Parameters().Append(out, target);
+    }
+    AppendAnalog(out, target);
+    AppendDigitalIO(out, target);
+    AppendDatabase(out, target);
 }
 
 void CHardware::AppendPorts(std::string& out, const Target& target) const {
@@ -43,7 +50,7 @@ void CHardware::AppendDigitalIO(std::string& out, const Target& target) const {
 }
 
 void CHardware::AppendDatabase(std::string& out, const Target& target) const {
-    database_.Append(out, target);
+    for (const int slot : MemoryCards()) MemoryCard(slot).AppendText(out, target);
 }
 
 std::string CHardware::GetPrintOutput() const {
@@ -66,7 +73,10 @@ std::string CHardware::GetPrintOutput() const {
     }
     for (const int channel : AnalogOutputs()) add(AnalogOutput(channel).Parameters());
     for (const int number : DigitalIOs()) add(DigitalIO(number).Parameters());
-    add(database_);
+    CHardware copy = *this;  // the card's tables are asked for as items
+    for (const int slot : MemoryCards()) {
+        for (const Item* table : copy.MemoryCard(slot).Items()) add(*table);
+    }
     return listing;
 }
 
@@ -78,6 +88,7 @@ std::string CHardware::GetIWriteImportDef() const {
     text += "-- Digital I/O Aliases\r\n";
     for (const int number : DigitalIOs()) text += DigitalIO(number).GetIWriteImportDef();
     text += "-- Database Type Definitions and Field Aliases\r\n";
+    for (const int slot : MemoryCards()) text += MemoryCard(slot).GetIWriteImportDef();
     return text;
 }
 

@@ -261,7 +261,8 @@ struct Lines {
     }
 
   private:
-    consteval std::uint16_t Find(std::string_view stem) const {
+    // Not consteval: Clang 14 would refuse to call it from Run.
+    constexpr std::uint16_t Find(std::string_view stem) const {
         for (std::size_t i = 0; i < rows.size(); ++i) {
             if (rows[i].stem != stem || rows[i].more.use != Use::Line) continue;
             for (std::size_t other = i + 1; other < rows.size(); ++other) {

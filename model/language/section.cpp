@@ -302,7 +302,8 @@ std::vector<Refusal> Section::Take(std::vector<Change> changes, Check check, con
         if (merge) merge->Finish(check, refused);
     }
     for (std::size_t i = 0; i < changes.size(); ++i) {
-        if (found[i] || check != Check::Strict || !Owns(changes[i].key)) continue;
+        // A line that goes, of an item that has gone, is no fault.
+        if (found[i] || check != Check::Strict || !changes[i].after || !Owns(changes[i].key)) continue;
         refused.push_back({changes[i].key, changes[i].after.value_or(""),
                            context_->texts.Format(kNoSuchItem, {changes[i].key})});
     }

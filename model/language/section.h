@@ -85,6 +85,9 @@ class Section : public IObjectSync, public IObjectView, public IObjectPrint, pub
     // The lines for a target.
     virtual void AppendText(std::string& out, const Target& target) const;
 
+    // What an indicator of the target is given of the section and of every object in it.
+    virtual void AppendLines(std::string& out, const Target& target) const { AppendText(out, target); }
+
     std::string StoreState() const;
     // With `allParameters` every line, otherwise gated by the application's target version.
     std::string GetTextOutput(bool allParameters) const;

@@ -45,11 +45,6 @@ void CCommPort::SetAlias(std::string_view alias) {
     fields.alias.Assign(alias);
 }
 
-void CCommPort::AppendState(std::string& out) const {
-    out += StoreState();
-    out += stream_.StoreState();
-}
-
 void CCommPort::AppendSent(std::string& out, const Target& target) const {
     Parameters().Append(out, target);
     if (Values().UsesStreamDefinition()) stream_.Parameters().Append(out, target);

@@ -29,7 +29,6 @@ class CCommPort : public RowObject<PortFields> {
     void SetAlias(
         std::string_view alias);  // at most 8 characters, else 10001; an identifier or empty, else 10010
 
-    void AppendState(std::string& out) const;  // with the stream's lines, always
     // What a download sends: the gated lines, and the stream's where the port uses its definition.
     void AppendSent(std::string& out, const Target& target) const;
     // One constant of the Scrivo language, the alias with its padding; nothing without an alias.

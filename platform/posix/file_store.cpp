@@ -140,8 +140,22 @@ void FlushFolder(const std::string& folder) {
     close(number);
 }
 
+// Streams that the caller of the program has set up; waiting for them is what is asked for.
+bool IsGivenStream(std::string_view path) {
+    return path == "/dev/stdin" || path.starts_with("/dev/fd/") || path.starts_with("/proc/self/fd/");
+}
+
+// Opens without waiting for the other end, which a pipe may never have.
+int OpenToRead(const std::string& path) {
+    const int wait = IsGivenStream(path) ? 0 : O_NONBLOCK;
+    return Retried([&] { return open(Checked(path), O_RDONLY | O_CLOEXEC | O_NOCTTY | wait); });
+}
+
 void WriteStraight(const std::string& path, std::string_view bytes) {
-    Descriptor file(Retried([&] { return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY); }));
+    // A pipe that nobody reads is refused; one that is read may take its time.
+    Descriptor file(
+        Retried([&] { return open(path.c_str(), O_WRONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK); }));
+    if (fcntl(file.Number(), F_SETFL, 0) < 0) Fail(errno);
     WriteAll(file.Number(), bytes);
     file.Close();
 }
@@ -155,10 +169,11 @@ IFileStore::Found FileStore::Look(const std::string& path) const {
 }
 
 std::string FileStore::Read(const std::string& path) const {
-    const Descriptor file(Retried([&] { return open(Checked(path), O_RDONLY | O_CLOEXEC | O_NOCTTY); }));
+    const Descriptor file(OpenToRead(path));
     struct stat status;
     if (fstat(file.Number(), &status) < 0) Fail(errno);
     if (S_ISDIR(status.st_mode)) Fail(EISDIR);
+    if (S_ISFIFO(status.st_mode) && !IsGivenStream(path)) Fail(EOPNOTSUPP);
     // One byte more than the file has shows its end without a second growth; a pipe's size is 0.
     constexpr std::size_t kStep = 65536;
     std::size_t room = static_cast<std::size_t>(status.st_size) + 1;

@@ -14,6 +14,7 @@ class RegistrySettingsStore final : public ISettingsStore {
   public:
     std::optional<std::string> Get(Root root, std::string_view keyPath, std::string_view name) override;
     void Set(Root root, std::string_view keyPath, std::string_view name, std::string_view value) override;
+    void Refresh() override {}  // Get always asks the registry
     bool Save() override;
 
   private:

@@ -15,7 +15,9 @@ using Root = ISettingsStore::Root;
 
 class AppSettings : public ::testing::Test {
   protected:
-    AppSettings() { texts_.Read("20004=Setting {1} is {2}.\n20103=Unread: {1}\n20104=Unsaved: {1}\n"); }
+    AppSettings() {
+        texts_.Read("20004=Setting {1} is {2}.\n20103=Unread: {1}\n20104=Unsaved: {1}\n20105=rights\n");
+    }
 
     CAppSettings Fresh(const std::string& version = "3.10.0") {
         return {store_, texts_, version, folder_.Text(),
@@ -25,6 +27,17 @@ class AppSettings : public ::testing::Test {
         std::vector<SettingRow> rows(ProductSettingRows().begin(), ProductSettingRows().end());
         rows.insert(rows.end(), FurtherSettingRows().begin(), FurtherSettingRows().end());
         return rows;
+    }
+    // The words of the failure; "saved" when there was none.
+    static std::string FailedSave(CAppSettings& settings) {
+        try {
+            settings.Save();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Code(), code::kSettingsUnsaved);
+            EXPECT_EQ(error.Source(), "Calyx.CAppSettings.Save");
+            return error.Description();
+        }
+        return "saved";
     }
     static std::string Key(const SettingRow& row) {
         return "SOFTWARE\\Calyx\\Calyx\\3.10.0\\" + std::string(row.subKey);
@@ -73,7 +86,7 @@ TEST_F(AppSettings, EverySettingSurvivesSavingAndLoading) {
                                                                : '-' + some);
         ASSERT_TRUE(settings.Set(row, expected.back())) << row.property;
     }
-    EXPECT_TRUE(settings.Save());
+    settings.Save();
 
     FileSettingsStore stored(files_, folder_.File("user.ini"), folder_.File("machine.ini"));
     CAppSettings loaded(stored, texts_, "3.10.0", folder_.Text(), [](const Error& error) { throw error; });
@@ -142,9 +155,9 @@ TEST_F(AppSettings, ARefusalIsToldWhenAMachineWideSettingWasChanged) {
     std::filesystem::create_directories(PathOf(folder_.File("machine.ini/x")));
     CAppSettings settings = Fresh();
     settings.IPAddress = "127.0.0.1";
-    EXPECT_TRUE(settings.Save()) << "nobody misses defaults";
+    settings.Save();  // nobody misses defaults
     settings.CommDelayTime = 200;
-    EXPECT_FALSE(settings.Save());
+    EXPECT_EQ(FailedSave(settings), "Unsaved: rights");
 
     CAppSettings loaded = Fresh();
     loaded.Load();
@@ -157,14 +170,39 @@ TEST_F(AppSettings, ARefusalIsToldWhenAMachineWideSettingWasChanged) {
 TEST_F(AppSettings, AUsersSettingsThatCannotBeSavedAreAnError) {
     std::filesystem::create_directories(PathOf(folder_.File("user.ini/x")));
     CAppSettings settings = Fresh();
-    try {
-        settings.Save();
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.Code(), code::kSettingsUnsaved);
-        EXPECT_EQ(error.Source(), "Calyx.CAppSettings.Save");
-        EXPECT_EQ(error.Description(), "Unsaved: Is a directory");
-    }
+    settings.IPAddress = "127.0.0.1";
+    EXPECT_EQ(FailedSave(settings), "Unsaved: Is a directory");
+    settings.Load();
+    settings.IPAddress = "127.0.0.1";
+    EXPECT_EQ(FailedSave(settings), "Unsaved: Is a directory")
+        << "one that could not be read is not replaced";
+    std::filesystem::remove_all(PathOf(folder_.File("user.ini")));
+    EXPECT_EQ(FailedSave(settings), "Unsaved: Is a directory");
+    EXPECT_EQ(files_.Look(folder_.File("user.ini")), IFileStore::Found::Nothing);
+}
+
+TEST_F(AppSettings, ProgramsThatRunAtOnceKeepEachOthersChanges) {
+    FileSettingsStore otherStore(files_, folder_.File("user.ini"), folder_.File("machine.ini"));
+    CAppSettings one = Fresh();
+    CAppSettings other(otherStore, texts_, "3.10.0", folder_.Text(), nullptr);
+    one.RecentFiles = {"both", "removed"};
+    one.Save();
+    one.Load();
+    other.Load();
+
+    other.IPAddress = "10.0.0.9";
+    other.RecentFiles = {"theirs", "both", "removed"};
+    other.Save();
+    one.Theme = "dark";
+    one.RecentFiles = {"mine", "both"};
+    one.Save();
+    EXPECT_EQ(one.RecentFiles, (std::vector<std::string>{"mine", "both", "theirs"}));
+
+    CAppSettings later = Fresh();
+    later.Load();
+    EXPECT_EQ(later.IPAddress, "10.0.0.9") << "not written over with what was loaded before";
+    EXPECT_EQ(later.Theme, "dark");
+    EXPECT_EQ(later.RecentFiles, one.RecentFiles);
 }
 
 }  // namespace

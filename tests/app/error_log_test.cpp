@@ -18,15 +18,24 @@ class Log : public ::testing::Test {
 };
 
 TEST_F(Log, HoldsOneLineAnError) {
-    Error error(20004, "Calyx.CAppSettings.Load", "First line.\r\nSecond \xE4.");
+    Error error(20004, "Calyx.CAppSettings.Load", "First line.\r\nSecond \xE4.",
+                {"/src/app_settings.cpp", 47});
     EXPECT_TRUE(log_.Write(error));
     error.PassedOnBy("Calyx.modStartup.Main");
     error.PassedOnBy("Calyx.frmMain.Open");
     EXPECT_TRUE(log_.Write(error));
     const std::string line =
-        "2024-02-29 13:04:05Z error 20004 (0x80044E24) in Calyx.CAppSettings.Load: First line.  Second \xE4.";
+        "2024-02-29 13:04:05Z error 20004 (0x80044E24) in Calyx.CAppSettings.Load, line 47 of "
+        "app_settings.cpp: First line.  Second \xE4.";
     EXPECT_EQ(files_.Read(log_.File()),
               line + "\r\n" + line + " [passed on by Calyx.modStartup.Main, Calyx.frmMain.Open]\r\n");
+}
+
+TEST_F(Log, ErrorsKnowTheLineThatRaisedThem) {
+    const int above = __LINE__;
+    const Error error(20004, "Calyx.CAppSettings.Load", "Here.");
+    EXPECT_EQ(error.Line().number, above + 1);
+    EXPECT_STREQ(error.Line().file, "error_log_test.cpp");
 }
 
 TEST_F(Log, AfreshOnlyBeyondFiftyThousandBytes) {

@@ -72,7 +72,7 @@ TEST_F(LinkStore, OddSettingsAreRecordedAndDoNotStopTheLink) {
         EXPECT_EQ(errors_[0].Code(), code::kSetting);
     }
     std::filesystem::create_directories(PathOf(folder_.File("user.ini/x")));
-    link_.Store({});
+    link_.Store({.host = "10.0.0.9"});
     ASSERT_EQ(errors_.size(), 2u);
     EXPECT_EQ(errors_[1].Code(), code::kSettingsUnsaved);
     EXPECT_EQ(errors_[1].Chain(), std::vector<std::string>{"Calyx.CIndicatorComm.StoreSettings"});

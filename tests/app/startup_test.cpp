@@ -76,7 +76,7 @@ TEST_F(Startup, AMissingOrBrokenProgramFileIsNamed) {
             FAIL() << one.file;
         } catch (const Error& error) {
             EXPECT_EQ(error.Code(), code::kProgramFile);
-            EXPECT_EQ(error.Source(), "Calyx.modStartup.Main");
+            EXPECT_EQ(error.Source(), "modStartup.Main");
             const std::string path = TextOf(PathOf(data_.File(one.file)).make_preferred());
             EXPECT_NE(error.Description().find(path), std::string::npos) << error.Description();
             EXPECT_NE(error.Description().find(one.reason), std::string::npos) << error.Description();
@@ -146,9 +146,9 @@ TEST_F(Startup, ALargeErrorLogStartsAfreshAndABadSettingIsLogged) {
     EXPECT_EQ(context->settings.TCPPort, 10001);
     ASSERT_EQ(context->notices.size(), 1u);
     const std::string log = files_.Read(Made("errorlog.txt"));
-    EXPECT_NE(log.find("error 20004 (0x80044E24) in Calyx.CAppSettings.Load: TCPPort \"high\"\r\n"),
-              std::string::npos)
+    EXPECT_NE(log.find("error 20004 (0x80044E24) in Calyx.CAppSettings.Load, line "), std::string::npos)
         << log;
+    EXPECT_NE(log.find(" of app_settings.cpp: TCPPort \"high\"\r\n"), std::string::npos) << log;
     EXPECT_LT(log.size(), 200u);
 }
 

@@ -75,8 +75,32 @@ TEST_F(BadInput, UnwritableTargetsLeaveEverythingAsItWas) {
         {"print ~good.mrn --html ~none/a", 3, "", "error 20002"},
         {"scrivo ~good.mrn --output ~none/a", 3, "", "error 20002"},
         {"set ~good.mrn --from ~none/a", 3, "", "error 20001 (0x80044E21)"},
+        {"set ~good.mrn --from ~user", 3, "", "error 20003"},
+        {"download ~good.mrn --dry-run --program ~user", 3, "", "error 20003"},
+        // Found before anything is connected.
+        {"upload ~user --tcp a:5", 3, "", "error 20003"},
+        {"upload ~none/a --tcp a:5", 3, "", "error 20002"},
+        {"download ~good.mrn --tcp a:5 --backup ~none/a", 3, "", "error 20002"},
+        {"connect --tcp a:5 --log ~user", 3, "", "error 20003"},
+        {"simulate --state ~user", 3, "", "error 20001"},
+        {"simulate --state ~none/a", 3, "", "error 20002"},
     });
     EXPECT_EQ(Read("good.mrn"), good);
+}
+
+TEST_F(BadInput, ControlCharactersDoNotReachTheTerminal) {
+    Put("bad.mrn", "\x1B[2J=1\r\nUID=\x1B[2J\r\n");
+    std::string shown;
+    for (const auto& arguments :
+         std::vector<std::vector<std::string>>{{"check", "--skip-checks", File("bad.mrn")},
+                                               {"diff", "--skip-checks", File("good.mrn"), File("bad.mrn")},
+                                               {"set", File("good.mrn"), "\x1B[2J=1", "UID=\x1B[2J"}}) {
+        const Ran ran = Run(arguments);
+        EXPECT_EQ(ran.code, 1) << arguments[0];
+        shown += ran.out + ran.err;
+    }
+    EXPECT_EQ(shown.find('\x1B'), std::string::npos) << shown;
+    EXPECT_TRUE(Contains(shown, "\\x1B[2J"));
 }
 
 }  // namespace

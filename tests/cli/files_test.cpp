@@ -20,7 +20,7 @@ TEST_F(Files, NewSetGetTextDiff) {
         {"set ~a.mrn TRUCK=MODE1 UID=GATE-N --output ~b.mrn", 0, "TRUCK: \"OFF\" -> \"MODE1\"", ""},
         {"get ~a.mrn TRUCK", 0, "OFF\n", ""},
         {"get ~b.mrn truck UID NOSUCH", 1, "TRUCK=MODE1\nUID=GATE-N\n", "there is no parameter NOSUCH"},
-        {"get ~b.mrn SC.GRADS#1", 1, "", "the file has no line SC.GRADS#1"},
+        {"get ~b.mrn EDP.ALIAS#9", 1, "", "EDP.ALIAS#9"},
         {"diff ~a.mrn ~a.mrn", 0, "", "no differences"},
         {"diff ~a.mrn --defaults", 0, "", "no differences"},
         {"new ~b.mrn --force", 0, "", ""},
@@ -54,17 +54,25 @@ TEST_F(Files, SetTakesWhatItCanAndSaysWhatNot) {
 TEST_F(Files, SetTakesThousandsOfArgumentsAndLinesOfAFile) {
     std::vector<std::string> arguments{"set", File("a.mrn")};
     std::string lines = "; widgets\r\n\r\n@CODFile=x\r\n[BEGIN]\r\n";
-    for (int i = 1; i <= 2000; ++i) {
-        arguments.push_back("SC.ALIAS#" + std::to_string(i) + "=S" + std::to_string(i));
-        lines += "WDGT#" + std::to_string(i) + "=LABEL\r\n";
+    for (int i = 1; i <= 100; ++i) {
+        const std::string number = "#" + std::to_string(i) + "=";
+        arguments.push_back("SP.KIND" + number + "GROSS");
+        for (const char* stem :
+             {"VALUE", "HYSTER", "PREVAL", "TOLBAND", "TOLCNT", "NAME", "ALIAS", "BRANCH"}) {
+            const bool alias = stem == std::string("ALIAS");
+            arguments.push_back(std::string("SP.") + stem + number + (alias ? "S" : "") + std::to_string(i));
+        }
+        for (const char* stem : {"BATCH", "CLRACCM", "CLRTARE", "PSHTARE", "ALARM"}) {
+            lines += std::string("SP.") + stem + number + "ON\r\n";
+        }
     }
     EXPECT_EQ(Run(arguments).code, 0);
     Put("lines.txt", lines + "NO LINE\n");
     Expect({{"set ~a.mrn UID=7 --from ~lines.txt", 1, "UID: \"1\" -> \"7\"", "NO LINE"}});
     input = "UID=8\nTRUCK=MODE2\n";
-    Expect({{"set ~a.mrn --from -", 0, "", ""}, {"check ~a.mrn", 0, "", ""}});
-    EXPECT_EQ(Out("get ~a.mrn UID TRUCK SC.ALIAS#2000 WDGT#2000"),
-              "UID=8\nTRUCK=MODE2\nSC.ALIAS#2000=S2000\nWDGT#2000=LABEL\n");
+    Expect({{"set ~a.mrn --from -", 0, "", ""}});
+    EXPECT_EQ(Out("get ~a.mrn UID TRUCK SP.VALUE#100 SP.BATCH#100"),
+              "UID=8\nTRUCK=MODE2\nSP.VALUE#100=100\nSP.BATCH#100=ON\n");
 }
 
 TEST_F(Files, TextIsTheBodyOrWhatAVersionReceives) {
@@ -88,8 +96,11 @@ TEST_F(Files, TextIsTheBodyOrWhatAVersionReceives) {
 }
 
 TEST_F(Files, MergeTakesChosenLines) {
-    ASSERT_EQ(Run("set ~a.mrn UID=A SC.GRADS#1=1000 SC.GRADS#2=2000 --output ~b.mrn").code, 0);
-    ASSERT_EQ(Run("set ~a.mrn SPPWD=5 SC.GRADS#3=3000").code, 0);
+    ASSERT_EQ(
+        Run("set ~a.mrn UID=A SC.SRC#1=A,1 SC.SRC#2=A,2 SC.GRADS#1=1000 SC.GRADS#2=2000 --output ~b.mrn")
+            .code,
+        0);
+    ASSERT_EQ(Run("set ~a.mrn SPPWD=5 SC.SRC#2=A,2 SC.SRC#3=A,3 SC.GRADS#3=3000").code, 0);
     const std::string before = Read("a.mrn");
     Expect({
         {"merge ~a.mrn ~b.mrn --keys DB.* --output ~a.mrn", 1, "", "has no line for DB.*"},
@@ -97,7 +108,7 @@ TEST_F(Files, MergeTakesChosenLines) {
         {"get ~c.mrn UID SPPWD SC.GRADS#2 SC.GRADS#3", 0,
          "UID=1\nSPPWD=5\nSC.GRADS#2=2000\nSC.GRADS#3=3000\n", ""},
         {"merge ~a.mrn ~b.mrn --output ~c.mrn", 0, "UID: \"1\" -> \"A\"", ""},
-        {"get ~c.mrn UID SPPWD SC.GRADS#3", 0, "UID=A\nSPPWD=0\nSC.GRADS#3=3000\n", ""},
+        {"get ~c.mrn UID SPPWD SC.GRADS#3", 0, "UID=A\nSPPWD=0\nSC.GRADS#3=10000\n", ""},
     });
     EXPECT_EQ(Read("a.mrn"), before);
 }

@@ -7,6 +7,7 @@
 #include <thread>
 
 #include "cli/json.h"
+#include "model/language/change_set.h"
 #include "sim/tcp_server.h"
 #include "tests/cli/cli_fixture.h"
 
@@ -17,9 +18,11 @@ class LinkCommands : public CliTest {
   protected:
     void SetUp() override { ASSERT_EQ(Run("new ~a.mrn").code, 0); }
 
-    void Start(std::vector<std::string> faults = {}, const std::string& version = "V3.10.02 MERRIN") {
+    void Start(std::vector<std::string> faults = {}, const std::string& version = "V3.10.02 MERRIN",
+               const std::string& content = {}) {
         sim::SimulatorOptions options;
         options.version = version;
+        options.content = content;
         options.faults = std::move(faults);
         simulator.emplace(std::move(options));
     }
@@ -64,20 +67,23 @@ TEST_F(LinkCommands, ConnectTellsWhoAnswers) {
 }
 
 TEST_F(LinkCommands, DownloadUploadCompare) {
-    Start();
+    // It has the cards of the sample: which ones there are is never sent.
+    Start({}, "V3.10.02 MERRIN", "HARDWARE=2,2,1,5,0,0,0,0,0,0,0,0,0,0\r\n");
     const std::string sample = "@truck-scale --skip-checks ";
     ExpectLinked({
-        {"compare LINK " + sample, 1, "Scales\n  ", ""},
+        {"compare LINK " + sample, 1, "\nScales", ""},
         {"download LINK --verify " + sample, 0, "Errors: 0\n", "The download is complete."},
         {"compare LINK " + sample, 0, "", "no differences"},
         {"send LINK --line UID=OTHER --line UID --line NOSUCH", 1,
          "UID=OTHER: OK\nUID: UID=OTHER\nNOSUCH: ??\n", ""},
         {"compare LINK " + sample, 1, "General\n  UID: ", " "},
-        {"upload ~up.mrn LINK", 0, "parameter lines, firmware V3.10.02", ""},
+        {"upload ~up.mrn LINK", 0, " parameter lines, firmware V3.10.02", "Opening the configuration"},
         {"upload ~up.mrn LINK", 2, "", "--force"},
         {"upload ~up.mrn LINK --force", 0, "", ""},
     });
     EXPECT_EQ(Read("up.mrn"), simulator->Snapshot().dump);
+    EXPECT_EQ(Json::parse(RunLinked("upload ~up.mrn LINK --force --json").out).at("lines"),
+              ReadLines(simulator->Snapshot().dump).size());
     Expect({{"get ~up.mrn --skip-checks UID", 0, "OTHER\n", ""}, {"check ~up.mrn --skip-checks", 0, "", ""}});
 
     terminal = true;
@@ -87,6 +93,62 @@ TEST_F(LinkCommands, DownloadUploadCompare) {
     input = "y\n";
     ExpectLinked({{"upload ~a.mrn LINK", 0, "", ""}});
     EXPECT_EQ(Read("a.mrn"), simulator->Snapshot().dump);
+}
+
+TEST_F(LinkCommands, ReadingBackBelievesTheIndicatorsLinesOnly) {
+    // It says OK to everything and keeps nothing: what it lacks must not pass for defaults.
+    Start({"forget:*"}, "V3.10.02 MERRIN", "; empty");
+    ExpectLinked({
+        {"download LINK --verify ~a.mrn", 1, "  TRUCK: \"OFF\" -> (no line)\n", ""},
+        {"download LINK --verify ~a.mrn", 1, "\nread back: 0 lines equal, ", ""},
+        {"compare LINK ~a.mrn", 1, "  UID: \"1\" -> (no line)\n", ""},
+    });
+    const Json report = Json::parse(RunLinked("download LINK --verify ~a.mrn --json").out);
+    EXPECT_EQ(report.at("verified"), true);
+    EXPECT_EQ(report.at("differences").size() + 1, report.at("accepted"));  // "WDGT.CLR" is no parameter
+
+    // Words that it does not know would read as the default; differences stand in the order of the file.
+    Start({"corrupt:TRUCK", "corrupt:SC.GRADS#1", "corrupt:UID"});
+    const Ran ran = RunLinked("download LINK --verify @truck-scale --skip-checks");
+    EXPECT_EQ(ran.code, 1);
+    EXPECT_TRUE(Contains(ran.out, "-> \"MODE2~\"\n") || Contains(ran.out, "-> \"MODE1~\"\n") ||
+                Contains(ran.out, "-> \"OFF~\"\n"))
+        << ran.out;
+    EXPECT_TRUE(ran.out.starts_with("General\n")) << ran.out;
+    EXPECT_LT(ran.out.find("  UID: "), ran.out.find("\nScales")) << ran.out;
+    EXPECT_LT(ran.out.find("\nScales"), ran.out.find("  SC.GRADS#1: ")) << ran.out;
+    EXPECT_TRUE(Contains(ran.out, " lines equal, 3 differ\nErrors: 0\n")) << ran.out;
+}
+
+TEST_F(LinkCommands, WhatWasNotReadBackIsNotCalledEqual) {
+    Start({"refuse:UID"});
+    ExpectLinked({{"download ~a.mrn LINK --verify --halt-on-error", 1,
+                   "not read back: the download did not complete\n", "has accepted"}});
+    for (const auto* line :
+         {"download ~a.mrn LINK --json", "download ~a.mrn LINK --verify --halt-on-error --json"}) {
+        const Json report = Json::parse(RunLinked(line).out);
+        EXPECT_EQ(report.at("verified"), false) << line;
+        EXPECT_TRUE(report.at("differences").is_null()) << line;
+    }
+    // The dump is cut off: what was sent is told all the same, and nothing is written.
+    Start({"cut:3"});
+    ExpectLinked(
+        {{"download ~a.mrn LINK --verify", 3, "not read back: The indicator stopped in the middle", "12801"},
+         {"download ~a.mrn LINK --verify", 3, "\nErrors: 0\n", "The download is complete."},
+         {"compare ~a.mrn LINK", 3, "", "stopped in the middle"},
+         {"upload ~up.mrn LINK", 3, "", "stopped in the middle"},
+         {"download ~a.mrn LINK --backup ~up.mrn", 3, "", "stopped in the middle"}});
+    EXPECT_FALSE(Exists("up.mrn"));
+}
+
+TEST_F(LinkCommands, AnUnknownFirmwareIsSaid) {
+    const std::string warning = "9.99. is not a firmware version that this program knows";
+    Start({}, "V9.99.01 MERRIN");
+    ExpectLinked(
+        {{"connect LINK", 0, "target version  9.99.", warning}, {"download ~a.mrn LINK", 0, "", warning}});
+    EXPECT_EQ(Json::parse(RunLinked("connect LINK --json").out).at("versionKnown"), false);
+    Start({}, "V9.99.01 CB2 MERRIN");
+    EXPECT_FALSE(Contains(RunLinked("connect LINK").err, warning));
 }
 
 TEST_F(LinkCommands, DryRunPrintsWhatADownloadSends) {
@@ -100,6 +162,10 @@ TEST_F(LinkCommands, DryRunPrintsWhatADownloadSends) {
     Put("p.cod", ":01\r\n\r\n:02\r\n");
     EXPECT_EQ(Out("download ~a.mrn --only program --program ~p.cod --dry-run --firmware 3.10."),
               ":01\n:02\n");
+    std::string widgets;
+    for (int i = 1; i <= 130; ++i) widgets += "WDGT#" + std::to_string(i) + "=1,2,1,1\n";
+    Put("w.mrn", widgets);
+    Expect({{"download ~w.mrn --skip-checks --dry-run --firmware 3.00.", 0, "", "Widget Count #130: "}});
 }
 
 TEST_F(LinkCommands, RefusedLinesAreFindings) {
@@ -133,6 +199,12 @@ TEST_F(LinkCommands, WhatStopsTheLinkIsANumberedError) {
         EXPECT_EQ(ran.code, 3) << fault << ran.out << ran.err;
         EXPECT_TRUE(Contains(ran.err, "calyx-cli: error 12801 (0x80043201) in Calyx.")) << ran.err;
     }
+    Start({"drop:9"});
+    const Ran lost = RunLinked("download ~a.mrn LINK");
+    EXPECT_TRUE(Contains(
+        lost.err, "Calyx.CDownload.Run: The connection to the indicator was lost. It has accepted 7 of "))
+        << lost.err;
+    EXPECT_EQ(lost.err.find("was lost"), lost.err.rfind("was lost")) << "told once\n" << lost.err;
     // An older indicator is read in setup mode only; nothing is written.
     Start({"notsetup"}, "V3.05.00 MERRIN");
     ExpectLinked({{"upload ~up.mrn LINK", 3, "", "error 12801"}});

@@ -49,8 +49,10 @@ TEST_F(Listings, KeysAreFoundByPatternAndLabel) {
     // Every line of a file that has rows is in the reference.
     const Json all = Json::parse(Out("keys --json"));
     for (const Json& line : Json::parse(Out("text ~a.mrn --json"))) {
+        std::string key = line.at("key");
+        if (key.find('#') != std::string::npos) key = key.substr(0, key.rfind('#')) + "#n";
         const bool found =
-            std::any_of(all.begin(), all.end(), [&](const Json& p) { return p.at("key") == line.at("key"); });
+            std::any_of(all.begin(), all.end(), [&](const Json& p) { return p.at("key") == key; });
         EXPECT_TRUE(found) << line;
     }
 }
@@ -73,13 +75,13 @@ TEST_F(Listings, PatternsOfKeys) {
 }
 
 TEST_F(Listings, PrintedListingAsTextJsonAndPage) {
-    ASSERT_EQ(
-        Run({"set", File("a.mrn"), "CONTACT.COMPANY=<Gru\xDF & Co>", "TRUCK=MODE1", "SC.ALIAS#1=Gate"}).code,
-        0);
+    ASSERT_EQ(Run({"set", File("a.mrn"), "CONTACT.COMPANY=<Gru\xDF & Co>", "TRUCK=MODE1", "SC.SRC#1=A,1",
+                   "SC.ALIAS#1=Gate"})
+                  .code,
+              0);
     const std::string text = Out("print ~a.mrn");
     EXPECT_TRUE(text.starts_with("General\n  ")) << text;
-    EXPECT_TRUE(Contains(text, "  Truck mode: Mode 1: two weighings\n") &&
-                Contains(text, "\n\nScales\n  SC.ALIAS#1: Gate\n"))
+    EXPECT_TRUE(Contains(text, "  Truck mode: Mode 1: two weighings\n") && Contains(text, "Alias: Gate\n"))
         << text;
     EXPECT_FALSE(Contains(text, "\r"));
 
@@ -91,12 +93,12 @@ TEST_F(Listings, PrintedListingAsTextJsonAndPage) {
 
     Expect({{"print ~a.mrn --html ~a.html", 0, "", ""}});
     const std::string page = Read("a.html");
-    EXPECT_TRUE(Contains(page, "<h2>Scales</h2>\n<table>\n<tr><th>SC.ALIAS#1</th><td>Gate</td></tr>"));
+    EXPECT_TRUE(Contains(page, "<h2>Scales</h2>") && Contains(page, "<td>Gate</td>")) << page;
     EXPECT_TRUE(Contains(page, "<td>&lt;Gru\xC3\x9F &amp; Co&gt;</td>"));
 }
 
 TEST_F(Listings, ScrivoWritesTheImportFile) {
-    ASSERT_EQ(Run("set ~a.mrn SC.ALIAS#2=Gate").code, 0);
+    ASSERT_EQ(Run({"set", File("a.mrn"), "SC.SRC#2=A,1", "SC.ALIAS#2=Gate"}).code, 0);
     Expect({{"scrivo ~a.mrn --output ~a.txt", 0, "", ""}});
     EXPECT_TRUE(
         Contains(Read("a.txt"), "-- Used with Calyx Configuration File\r\n-- " + File("a.mrn") + "\r\n"));

@@ -69,6 +69,17 @@ TEST(Connect, SlowLinesGetTheirTime) {
     }
 }
 
+TEST(Connect, ASmallDelayLeavesTimeForTheVersionOverTcp) {
+    ScriptedLink test;
+    test.store.settings.delayMs = 1;
+    test.wire.device = [](Wire& wire, const std::string& line) {
+        if (line == "VERSION") wire.Answer("MERRIN\r\n", 450);
+    };
+    test.link->Connect();
+    test.wire.device = [](Wire& wire, const std::string&) { wire.Answer("V3.07.00 MERRIN\r\n", 450); };
+    EXPECT_EQ(test.link->ReadVersion(test.context.target), "V3.07.00 MERRIN");
+}
+
 TEST(Connect, DetectionTriesThirtyPairs) {
     ScriptedLink test(comm_method::kDetect);
     EXPECT_EQ(Raised([&] { test.link->Connect(); }).Code(), code::kLink);
@@ -131,7 +142,7 @@ TEST(Connect, AddressesRunFromOneTo255) {
 
 TEST(Connect, EveryTextOfTheLinkIsThere) {
     const TestContext context{CALYX_DATA_DIR};
-    for (int number = link_text::kUnreachable; number <= link_text::kLineLost; ++number) {
+    for (int number = link_text::kUnreachable; number <= link_text::kEmptyProgram; ++number) {
         EXPECT_TRUE(context.texts.Has(number)) << number;
     }
 }

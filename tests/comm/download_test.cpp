@@ -11,10 +11,11 @@ using namespace download_option;
 using Texts = std::vector<std::string>;
 using End = DownloadReport::End;
 
-constexpr const char* kBody =
-    "SC.GRADS#1=5000\r\nSC.WVAL#1=10\r\nEDP.INPUT#3=VEXAL\r\nFB.NODE#1=4\r\nSJ.CONFIG#3=8/0/0/0\r\n"
-    "UID=GATE\r\nDIO.TYPE#1=INPUT\r\nALG.ALIAS#1=OUT\r\nPROMPT#1=Name\r\nGFMT.FMT=<G>\r\n"
-    "SP.KIND#1=OFF\r\nWDGT#1=1,2,1,1\r\nDB.ALIAS#1=TRUCKS\r\n";
+constexpr std::string_view kBody =
+    "HARDWARE=2,4,9,7,0,0,0,0,0,0,0,0,0,0\r\nSC.SRC#1=A,1\r\nSC.GRADS#1=5000\r\nSC.WVAL#1=10\r\n"
+    "EDP.INPUT#3=VEXAL\r\nFB.SIZE#1=64\r\nSJ.CONFIG#3=8/0/0/0\r\nUID=GATE\r\nDIO.1#0=INPUT\r\n"
+    "ALG.ALIAS#2=OUT\r\nPROMPT#1=Name\r\nGFMT.FMT=<G>\r\nSP.KIND#1=OFF\r\nWDGT#1=1,2,1,1\r\n"
+    "DB.NAME.1#4=TRUCKS\r\n";
 
 struct Shown : IDownloadEvents {
     Texts statuses, notices;
@@ -47,15 +48,16 @@ struct DownloadTest : testing::Test {
             const bool refuse = std::count(failing.begin(), failing.end(), line) > 0;
             wire.Answer(refuse ? "??\r\n" : "OK\r\n");
         };
-        document.LoadText(kBody, "test");
+        document.LoadText(std::string(kBody), "test");
     }
     DownloadReport Run() { return download.Run(document, options, target); }
-    // The lines that were sent, without the many general ones.
+    // What was sent of the body above, commands and lines of a program.
     std::string Sent() const {
-        const std::string general = LinesOf(document, SendStep::Features, target);
         std::string sent;
         for (const std::string& line : test.wire.lines) {
-            if (line == "UID=GATE" || general.find(line) == std::string::npos) sent += line + "|";
+            const bool parameter = line.find('=') != std::string::npos;
+            if (!parameter || kBody.find("\r\n" + line + "\r\n") != std::string_view::npos)
+                sent += line + "|";
         }
         return sent;
     }
@@ -70,9 +72,9 @@ TEST_F(DownloadTest, StepsGoInTheirOrderWithProbesBetween) {
     test.context.memory.files["gate.cod"] = "-- line one\r\n   \r\n-- line two";
     const DownloadReport report = Run();
     EXPECT_EQ(Sent(),
-              "KNIX|SC.GRADS#1=5000|EDP.INPUT#3=VEXAL|FB.NODE#1=4|SJ.CONFIG#3=8/0/0/0|UID=GATE|"
-              "DIO.TYPE#1=INPUT|ALG.ALIAS#1=OUT|PROMPT#1=Name|GFMT.FMT=<G>|SC.WVAL#1=10|SP.KIND#1=OFF|"
-              "KNIX|WDGT.CLR|WDGT#1=1,2,1,1|KNIX|DB.DELALL|DB.ALIAS#1=TRUCKS|"
+              "KNIX|SC.SRC#1=A,1|SC.GRADS#1=5000|EDP.INPUT#3=VEXAL|FB.SIZE#1=64|SJ.CONFIG#3=8/0/0/0|UID=GATE|"
+              "DIO.1#0=INPUT|ALG.ALIAS#2=OUT|PROMPT#1=Name|GFMT.FMT=<G>|SC.WVAL#1=10|SP.KIND#1=OFF|"
+              "KNIX|WDGT.CLR|WDGT#1=1,2,1,1|KNIX|DB.DELALL|DB.NAME.1#4=TRUCKS|"
               "KNIX|-- line one|-- line two|KNIX|SJ.DOWNLOAD#3|");
     EXPECT_EQ(report.end, End::Complete);
     EXPECT_EQ(report.status, test.context.texts.Text(9522));
@@ -119,7 +121,8 @@ TEST_F(DownloadTest, OutsideSetupModeNothingMoreIsSent) {
     failing = {"KNIX"};
     const DownloadReport report = Run();
     EXPECT_EQ(report.end, End::NotInSetupMode);
-    EXPECT_EQ(report.status, test.context.texts.Text(9523));
+    EXPECT_EQ(report.status, test.context.texts.Text(9523));  // it has nothing, and so no part
+    EXPECT_EQ(report.reason, test.context.texts.Text(1294));
     EXPECT_EQ(test.wire.lines, Texts{"KNIX"});
     EXPECT_EQ(shown.notices, Texts{test.context.texts.Text(1294)});
 }
@@ -145,7 +148,7 @@ TEST_F(DownloadTest, WhatEndsTheRun) {
     };
     const Case cases[] = {
         {"halt on errors", "SC.GRADS#1=5000", chkBase, true, "EDP.INPUT#3=VEXAL"},
-        {"database that was not emptied", "DB.DELALL", chkSchemas, false, "DB.ALIAS#1=TRUCKS"},
+        {"database that was not emptied", "DB.DELALL", chkSchemas, false, "DB.NAME.1#4=TRUCKS"},
         {"first refused program line", "-- one", chkCODFile, false, "-- two"},
     };
     test.context.memory.files["gate.cod"] = "-- one\r\n-- two\r\n";
@@ -160,23 +163,31 @@ TEST_F(DownloadTest, WhatEndsTheRun) {
         const DownloadReport report = Run();
         EXPECT_EQ(report.end, End::Failed);
         EXPECT_EQ(report.failed.size(), 1u);
+        EXPECT_EQ(report.status.find("has accepted") != std::string::npos, report.accepted > 0)
+            << report.status;
         EXPECT_EQ(test.wire.lines.back(), c.line);
         EXPECT_FALSE(WasSent(c.notSent));
     }
     test.wire.lines.clear();
-    options.programFile = "missing.cod";
-    EXPECT_EQ(Raised([&] { Run(); }).Code(), code::kFileNotFound);
+    test.context.memory.files["empty.cod"] = "\r\n  \r\n";
+    for (const auto& [file, number] : {std::pair{"missing.cod", code::kFileNotFound},
+                                       {"folder/", code::kIsFolder},
+                                       {"empty.cod", code::kFileNotReadable}}) {
+        options.programFile = file;
+        EXPECT_EQ(Raised([&] { Run(); }).Code(), number) << file;
+    }
     EXPECT_TRUE(test.wire.lines.empty());  // found before anything is sent
 }
 
 TEST_F(DownloadTest, AbortEndsItAtTheLineInFlight) {
     test.wire.device = [this](Wire& wire, const std::string& line) {
-        if (line.starts_with("EDP.")) return download.Abort();
+        if (line == "EDP.INPUT#3=VEXAL") return download.Abort();
         wire.Answer("OK\r\n");
     };
     const DownloadReport report = Run();
     EXPECT_EQ(report.end, End::Aborted);
-    EXPECT_EQ(report.status, test.context.texts.Text(9521));
+    EXPECT_TRUE(report.status.starts_with("The download was aborted. The indicator has accepted "))
+        << report.status;
     EXPECT_EQ(test.wire.lines.back(), "EDP.INPUT#3=VEXAL");
     EXPECT_TRUE(report.failed.empty());  // the indicator has refused nothing
 
@@ -199,6 +210,7 @@ TEST_F(DownloadTest, ALostLinkEndsItAtOnceWhateverTheLine) {
         EXPECT_EQ(report.end, End::Lost);
         EXPECT_EQ(test.wire.lines.size(), last);
         EXPECT_LE(report.failed.size(), 1u);
+        EXPECT_TRUE(report.reason.starts_with("The connection to the indicator was lost.")) << report.reason;
         EXPECT_EQ(shown.notices, Texts{test.context.texts.Text(1283)});
     }
 }

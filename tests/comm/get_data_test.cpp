@@ -1,5 +1,6 @@
 // GetData and what is built on it: waits, pacing, version, checks, upload.
 
+#include "comm/link_texts.h"
 #include "comm/upload.h"
 #include "tests/comm/scripted_link.h"
 
@@ -69,32 +70,82 @@ TEST(GetData, CancelAndALostLink) {
 
 TEST(GetData, VersionReplyDecidesTheTargetVersion) {
     struct Case {
-        std::string reply;
-        const char* prefix;
+        std::string verifying, asked;  // the answers while connecting and to a question of its own
+        const char* prefix;            // nothing: an error, and the target stays as it was
         bool cb2;
     };
     const Case cases[] = {
-        {"V3.10.02 MERRIN\r\n", "3.10.", false},
-        {"V2.08.01 CB2 MERRIN\r\n", "2.08.", true},
-        {"VERSION\r\nV1.05.00 MERRIN\r\n", "1.05.", false},
-        {"\x7f\xfe@#V3.09.00 MERRIN\r\n", "3.09.", false},
-        {"??\r\n", "2.00.", false},
-        {"", "2.00.", false},
+        {"V3.10.02 MERRIN\r\n", "", "3.10.", false},
+        {"V2.08.01 CB2 MERRIN\r\n", "", "2.08.", true},
+        {"VERSION\r\nV1.05.00 MERRIN\r\n", "??\r\n", "1.05.", false},
+        {"\x7f\xfe@#V3.09.00 MERRIN\r\n", "", "3.09.", false},
+        {"ready\r\nV3.04.00 MERRIN\r\n", "", "3.04.", false},
+        {"MERRIN\r\n", "V3.05.00 MERRIN\r\n", "3.05.", false},
+        {"MERRIN\r\n", "", nullptr, true},
+        {"MERRIN\r\n", "??\r\n", nullptr, true},
+        {"MERRIN\r\n", "MERRIN READY\r\n", nullptr, true},
     };
     for (const Case& c : cases) {
         ScriptedLink test;
-        test.Connect();
-        test.wire.device = Always(c.reply);
+        test.wire.device = [&](Wire& wire, const std::string& line) {
+            if (line == "VERSION") wire.Answer(c.verifying);
+        };
+        test.link->Connect();
+        test.wire.device = Always(c.asked);
         TargetVersion target{.prefix = "2.00.", .cb2 = true};
-        test.link->ReadVersion(target);
-        EXPECT_EQ(target.prefix, c.prefix) << c.reply;
-        EXPECT_EQ(target.cb2, c.cb2) << c.reply;
+        if (c.prefix != nullptr) {
+            test.link->ReadVersion(target);
+        } else {
+            const Error error = Raised([&] { test.link->ReadVersion(target); });
+            EXPECT_EQ(error.Code(), code::kLink);
+            EXPECT_EQ(error.Description(), test.context.texts.Text(link_text::kNoVersion));
+        }
+        EXPECT_EQ(target.prefix, c.prefix == nullptr ? "2.00." : c.prefix) << c.verifying << c.asked;
+        EXPECT_EQ(target.cb2, c.cb2) << c.verifying << c.asked;
     }
     ScriptedLink addressed(comm_method::kAddressed);
-    addressed.Connect();
     addressed.wire.device = Always("\x02\x02V1.00.00\x03\r\x02\x01V3.08.00 MERRIN\x03\r"s);
+    addressed.link->Connect();
     TargetVersion target;
     EXPECT_EQ(addressed.link->ReadVersion(target), "V3.08.00 MERRIN");
+}
+
+// A dump of which half is still to come; one of its lines ends like an answer.
+void LongDump(Wire& wire, const std::string& line) {
+    if (line != "DUMPALL") return wire.Answer("??\r\n");
+    for (int i = 1; i <= 40; ++i) wire.Answer("A=OK\r\n", 30 * i);
+}
+
+TEST(GetData, TheRestOfACancelledReplyIsNoAnswerToTheNextCommand) {
+    for (const bool send : {true, false}) {
+        ScriptedLink test;
+        test.Connect();
+        test.wire.device = LongDump;
+        test.events.pollsLeft = 4;
+        EXPECT_EQ(test.link->GetData("DUMPALL"), std::nullopt);
+        EXPECT_FALSE(test.wire.arriving.empty());
+        if (send) {
+            EXPECT_EQ(test.link->Send("B=1", 100).result, SendResult::Refused);
+        } else {
+            EXPECT_FALSE(test.link->CheckForStreaming());
+            EXPECT_EQ(test.link->GetData("B"), "??\r\n");
+        }
+    }
+    // It is waited for no longer than two seconds, and the wait can be cancelled.
+    ScriptedLink test;
+    test.Connect();
+    test.wire.device = [](Wire& wire, const std::string& line) {
+        for (int i = 1; line == "DUMPALL" && i <= 400; ++i) wire.Answer("A=1\r\n", 20 * i);
+    };
+    test.events.pollsLeft = 4;
+    EXPECT_EQ(test.link->GetData("DUMPALL"), std::nullopt);
+    const auto start = test.wire.clock.now;
+    test.events.pollsLeft = 10;
+    EXPECT_EQ(test.link->Send("B=1", 100).result, SendResult::Cancelled);
+    EXPECT_LE(test.wire.clock.now - start, 11 * 20);
+    EXPECT_EQ(test.wire.lines, std::vector<std::string>{"DUMPALL"});
+    EXPECT_EQ(test.link->Send("B=1", 100).result, SendResult::NoAnswer);
+    EXPECT_LE(test.wire.clock.now - start, 11 * 20 + 2000 + 6 * 100);
 }
 
 TEST(Checks, StreamingSetupModeAndBus) {
@@ -138,7 +189,8 @@ TEST(Upload, AsksForSetupModeOnlyWhereTheFirmwareNeedsIt) {
             wire.Answer(line != "KNIX" ? "UID=1\r\nTRUCK=OFF\r\n" : c.setupMode ? "OK\r\n" : "??\r\n");
         };
         IUploadEvents quiet;
-        const auto report = Upload(*test.link, {c.prefix, c.cb2}, test.context.texts, quiet);
+        test.context.target = {c.prefix, c.cb2};
+        const auto report = Upload(*test.link, test.context, quiet);
         EXPECT_EQ(report.end, c.end) << c.prefix;
         EXPECT_EQ(test.wire.lines, c.lines) << c.prefix;
         EXPECT_EQ(report.text, c.end == Complete ? "UID=1\r\nTRUCK=OFF\r\n" : "");
@@ -147,18 +199,32 @@ TEST(Upload, AsksForSetupModeOnlyWhereTheFirmwareNeedsIt) {
 }
 
 TEST(Upload, WhatIsNoConfigurationReplacesNothing) {
-    for (const std::string answer : {"", "??\r\n"}) {
+    using enum UploadReport::End;
+    const std::pair<std::string, UploadReport::End> cases[] = {
+        {"", NoDump},
+        {"??\r\n", NoDump},
+        {"G = 12.5 lb\r\nN=1\r\n", NoDump},
+        {"VERSION=V1.00.00\r\n", Complete},
+        {"UID=1\r\nNOSUCH=1\r\n", Complete},
+        {"UID=1\r", Complete},
+        {"UID=1\r\nTRUCK=MO", Incomplete},
+        {"UID=1", Incomplete},
+    };
+    for (const auto& [answer, end] : cases) {
         ScriptedLink test;
         test.Connect();
         test.wire.device = Always(answer);
         IUploadEvents quiet;
-        EXPECT_EQ(Upload(*test.link, {}, test.context.texts, quiet).end, UploadReport::End::NoDump);
+        const UploadReport report = Upload(*test.link, test.context, quiet);
+        EXPECT_EQ(report.end, end) << answer;
+        EXPECT_EQ(report.text, end == Complete ? answer : "");
+        EXPECT_EQ(report.notice.empty(), end == Complete);
     }
     ScriptedLink streaming;
     streaming.Connect();
     streaming.wire.Answer("12.5 lb\r\n", 10);
     IUploadEvents quiet;
-    EXPECT_EQ(Upload(*streaming.link, {}, streaming.context.texts, quiet).end, UploadReport::End::Streaming);
+    EXPECT_EQ(Upload(*streaming.link, streaming.context, quiet).end, UploadReport::End::Streaming);
     EXPECT_TRUE(streaming.wire.lines.empty());
 
     MemoryFiles files;

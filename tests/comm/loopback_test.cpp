@@ -45,7 +45,7 @@ TEST(Loopback, ADownloadComesBackByUpload) {
     EXPECT_GT(sent.total, 150);
 
     IUploadEvents silent;
-    const UploadReport read = Upload(*test.link, test.context.target, test.context.texts, silent);
+    const UploadReport read = Upload(*test.link, test.context, silent);
     ASSERT_EQ(read.end, UploadReport::End::Complete);
     EXPECT_EQ(read.text, simulator.Snapshot().dump);
     const auto held = ReadLines(read.text);
@@ -81,13 +81,13 @@ TEST(Loopback, WhatCannotBeReachedIsSaidInWords) {
         TcpLink test(freed, host);
         const Error error = Raised([&] { test.link->Connect(); });
         EXPECT_EQ(error.Code(), code::kLink);
-        EXPECT_EQ(error.Source(), "Calyx.TransportFactory.MakeTcp");
+        EXPECT_EQ(error.Source(), "Calyx.CIndicatorComm.ConnectTCPIP");
         EXPECT_EQ(error.Chain(), std::vector<std::string>{"Calyx.CIndicatorComm.Connect"});
         EXPECT_FALSE(test.link->Connected());
     }
     TcpLink serial(freed);
     serial.store.settings.method = 0;
-    EXPECT_EQ(Raised([&] { serial.link->Connect(); }).Source(), "Calyx.TransportFactory.MakeSerial");
+    EXPECT_EQ(Raised([&] { serial.link->Connect(); }).Source(), "Calyx.CIndicatorComm.Connect");
 }
 
 TEST(Loopback, CancelEndsConnecting) {

@@ -98,6 +98,18 @@ TEST(SendData, AnswersOfTheLastLineAreNotTaken) {
     EXPECT_FALSE(test.link->SendData("B=1", 100));
 }
 
+// Two lines in one would get two answers, and the second one would be the next command's.
+TEST(SendData, ACommandIsOneLine) {
+    ScriptedLink test;
+    test.Connect();
+    for (const auto* command : {"A=1\rB=2", "A=1\r\nB=2\r\n", "A=1\nB=2", "A=1\r\r"}) {
+        EXPECT_EQ(Raised([&] { test.link->Send(command, 100); }).Code(), code::kLink);
+        EXPECT_EQ(Raised([&] { test.link->GetData(command); }).Code(), code::kLink);
+    }
+    EXPECT_TRUE(test.wire.lines.empty());
+    EXPECT_TRUE(test.link->SendData("A=1\r\n", 100));
+}
+
 TEST(SendData, CancelEndsTheCallAtOnce) {
     ScriptedLink test;
     test.Connect();

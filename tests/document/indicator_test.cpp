@@ -40,7 +40,7 @@ TEST_F(Document, ImportNamesWhatItRefusesAndTakesTheRest) {
                                         {"LASTCAL", "01012026"}});
     ASSERT_EQ(taken.changes.Count(), 2u);
     EXPECT_EQ(taken.changes.Changes()[0], (Change{"UID", "1", "A1"}));
-    EXPECT_EQ(taken.changes.Changes()[1], (Change{"SC.GRADS#1", std::nullopt, "5000"}));
+    EXPECT_EQ(taken.changes.Changes()[1], (Change{"SC.GRADS#1", "10000", "5000"}));
     ASSERT_EQ(taken.refused.size(), 3u);
     EXPECT_EQ(taken.refused[0].reason,
               "Truck mode: \"truck\" is not allowed. Allowed are OFF, MODE1, MODE2, MODE3, MODE4.");
@@ -175,13 +175,15 @@ TEST_F(Document, KeyLocksAreWrittenOnceTheyHaveContent) {
     EXPECT_NE(document.Body().find("ALERT.PHONE=\r\nKLOCK.KZERO=False\r\n"), std::string::npos);
     EXPECT_NE(document.Body().find("KLOCK.K8=False\r\nKLOCK.K9=True\r\n"), std::string::npos);
     // Read from a file they stay, though nothing is locked.
-    document.LoadText("KLOCK.KTARE=False\r\nSOFTKEY#1=PRINT\r\n", "f");
-    EXPECT_NE(document.Body().find("KLOCK.K9=False\r\nSOFTKEY#1=PRINT\r\n"), std::string::npos);
+    document.LoadText("KLOCK.KTARE=False\r\nSOFTKEY#1=SCREEN\r\n", "f");
+    EXPECT_NE(document.Body().find("KLOCK.K9=False\r\nSOFTKEY#1=SCREEN\r\n"), std::string::npos);
 }
 
 TEST_F(Document, ImportFileNamesTheItems) {
     document.LoadText(
-        "EDP.ALIAS#2=Keybd\r\nSC.ALIAS#10=Ten\r\nSC.ALIAS#2=Two\r\nSC.ALIAS#3=\r\nSP.ALIAS#1=Green\r\n",
+        "EDP.ALIAS#2=Keybd\r\nSC.SRC#10=A,1\r\nSC.ALIAS#10=Ten\r\nSC.SRC#2=A,2\r\nSC.ALIAS#2=Two\r\nSC.SRC#3="
+        "A,3\r\n"
+        "SC.ALIAS#3=\r\nSP.KIND#1=GROSS\r\nSP.ALIAS#1=Green\r\n",
         "a.mrn");
     document.GenerateImportFile("a.inc");
     const std::string rule(49, '-');
@@ -189,7 +191,7 @@ TEST_F(Document, ImportFileNamesTheItems) {
         context.memory.files["a.inc"],
         rule + "\r\n-- Used with Calyx Configuration File\r\n-- a.mrn\r\n" + rule +
             "\r\n-- Scale Aliases\r\nTwo : constant integer := 2;\r\nTen : constant integer := 10;\r\n"
-            "-- Setpoint Aliases\r\nGreen : constant integer := 1;\r\n"
+            "-- Setpoint Aliases\r\nGreen : constant integer := 1;\r\n-- Widget Aliases\r\n"
             "-- Serial Port Aliases\r\nCom1     : constant integer := 1;\r\nKeybd    : constant integer "
             ":= 2;\r\nCom3     : constant integer := 3;\r\nCom4     : constant integer := 4;\r\n"
             "-- Analog Output Card Aliases\r\n-- Digital I/O Aliases\r\n"

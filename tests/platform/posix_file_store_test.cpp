@@ -157,6 +157,39 @@ TEST_F(PosixFiles, DevicesAreWrittenStraightAndNeverReplaced) {
     EXPECT_EQ(FailureOf([&] { files_.Read("/dev/zero"); }), std::errc::file_too_large);
 }
 
+TEST_F(PosixFiles, NothingWaitsForTheOtherEndOfAPipe) {
+    const std::string fifo = folder_.File("fifo");
+    ASSERT_EQ(mkfifo(fifo.c_str(), 0600), 0);
+    const auto inTime = [](const std::function<void()>& body) {
+        return InChild([&] {
+            alarm(20);  // a wait ends the process, which shows as -1
+            body();
+        });
+    };
+    EXPECT_EQ(inTime([&] { files_.Read(fifo); }), EOPNOTSUPP);
+    EXPECT_EQ(inTime([&] { files_.Replace(fifo, "x"); }), ENXIO);
+
+    // What the caller of the program hands in is read to its end.
+    EXPECT_EQ(inTime([&] {
+                  int ends[2];
+                  if (pipe(ends) != 0 || dup2(ends[0], 0) < 0 || write(ends[1], "abc", 3) != 3) _exit(1);
+                  close(ends[1]);
+                  if (files_.Read("/dev/stdin") != "abc") _exit(2);
+              }),
+              0);
+}
+
+TEST_F(PosixFiles, PathsAreMadeInADeletedWorkingFolder) {
+    EXPECT_EQ(InChild([&] {
+                  const std::string gone = folder_.File("gone");
+                  fs::create_directory(gone);
+                  fs::current_path(gone);
+                  fs::remove(gone);
+                  if (FolderText("/abc") != "/abc/" || FolderText("abc") != "abc/") _exit(1);
+              }),
+              0);
+}
+
 TEST_F(PosixFiles, ANameMayBeAnyBytes) {
     const std::string file = folder_.File("\xE4\xFF.mrn");
     files_.Replace(file, "x");

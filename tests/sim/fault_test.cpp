@@ -45,6 +45,8 @@ TEST(Fault, ChangesWhatTheHostSees) {
          "X.AB=Z\r\nXX.AZ=1\r\n"},
         {{"refuse:KNIX"}, "KNIX\rA=1\r", no + ok, "A=1\r\n"},
 
+        {{"forget:B*"}, "A=1\rB=2\rBB=3\rB\r", ok + ok + ok + no, "A=1\r\n"},
+
         {{"silent"}, "A=1\r\rVERSION\r", "", ""},
         {{"silent:2"}, "\rA=1\rA=1\rA=1\r", ok, "A=1\r\n"},
         {{"silent:1", "refuse:A"}, "A=1\rA=1\r", no, ""},
@@ -69,6 +71,19 @@ TEST(Fault, ChangesWhatTheHostSees) {
     }
 }
 
+TEST(Fault, SpoilsTheDumpAlone) {
+    Simulator simulator({.content = "A=1\r\nAB=\r\nC=3\r\n"});
+    const std::string whole = simulator.DumpText();
+    simulator.AddFault("corrupt:a*");
+    EXPECT_EQ(simulator.Receive("DUMPALL\r"), "VERSION=V3.10.02\r\nA=1~\r\nAB=~\r\nC=3\r\n");
+    EXPECT_EQ(simulator.Receive("A\r"), "A=1\r\n");
+    simulator.ClearFaults();
+    simulator.AddFault("cut:4");
+    EXPECT_EQ(simulator.Receive("DUMPALL\r") + "=3\r\n", whole);
+    simulator.AddFault("cut:1000000");
+    EXPECT_EQ(simulator.Receive("DUMPALL\rVERSION\r"), "V3.10.02 MERRIN\r\n");
+}
+
 TEST(Fault, CanComeAndGoWhileRunning) {
     Simulator simulator;
     simulator.AddFault("silent");
@@ -89,6 +104,8 @@ TEST(Fault, AWrongSpecIsExplained) {
         {"drop:0", "from 1"},
         {"drop:-1", "from 1"},
         {"drop:2x", "from 1"},
+        {"cut:0", "number of bytes from 1"},
+        {"forget", "missing"},
         {"silent:99999999999999999999", "from 1"},
         {"notsetup:1", "nothing can"},
         {"split:", "nothing can"},

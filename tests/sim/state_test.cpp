@@ -72,7 +72,7 @@ TEST_F(State, AnotherProgramsFileIsRefusedAndLeftAlone) {
     for (const auto& foreign : {std::string("@REVISION=3.10.0\r\n"), std::string("A=1\r\n"),
                                 good + "no parameter\r\n", good + "1A=2\r\n", good.substr(0, 10)}) {
         Write(foreign);
-        EXPECT_THROW(Simulator{options_}, std::runtime_error) << foreign;
+        EXPECT_THROW(Simulator{options_}, StateFileError) << foreign;
         EXPECT_EQ(Read(), foreign);
     }
     options_.stateFile = folder_;
@@ -84,8 +84,8 @@ TEST_F(State, APlaceThatCannotBeWrittenIsToldAtTheStart) {
     try {
         Simulator simulator(options_);
         ADD_FAILURE();
-    } catch (const std::system_error& failure) {
-        EXPECT_EQ(failure.code(), std::errc::no_such_file_or_directory);
+    } catch (const StateFileError& failure) {
+        EXPECT_EQ(failure.When(), StateFileError::Doing::kWriting);
         EXPECT_NE(std::string(failure.what()).find("no such folder"), std::string::npos);
     }
 }
@@ -93,11 +93,11 @@ TEST_F(State, APlaceThatCannotBeWrittenIsToldAtTheStart) {
 TEST_F(State, AFailedSaveLeavesTheOldFileWhole) {
     Simulator simulator(options_);
     const auto old = Read();
-    fs::create_directory(folder_ / "indicator.state.new");  // in the way of the new file
+    fs::create_directory(folder_ / ".indicator.state.calyx-new");  // in the way of the new file
     simulator.Receive("A=2\r");
-    EXPECT_THROW(simulator.SaveState(), std::system_error);
+    EXPECT_THROW(simulator.SaveState(), StateFileError);
     EXPECT_EQ(Read(), old);
-    fs::remove(folder_ / "indicator.state.new");
+    fs::remove(folder_ / ".indicator.state.calyx-new");
     simulator.SaveState();
     EXPECT_NE(Read().find("A=2\r\n"), std::string::npos);
 }

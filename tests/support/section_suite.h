@@ -48,19 +48,16 @@ inline std::string OtherText(const SectionCase& section, const Item& item, std::
             return now == "04152027" ? "12312026" : "04152027";
         case ValueKind::Integer:
         case ValueKind::Decimal: {
-            const double low = info.more.HasRange() ? info.more.min : 1;
-            const std::string text = std::to_string(static_cast<int>(low) + 1);
-            return text == now ? std::to_string(static_cast<int>(low) + 2) : text;
+            // The row may write a word around the number.
+            const int low = info.more.HasRange() ? static_cast<int>(info.more.min) : 1;
+            const auto other = item.Clone();
+            other->Take(row, std::to_string(low + 1));
+            return std::to_string(other->Text(row) == now ? low + 2 : low + 1);
         }
         case ValueKind::Text:
             break;
     }
     return info.width == 1 ? "x" : "xy";
-}
-
-// The lines of a section as a dictionary, as if read from a file.
-inline Dictionary AsFile(const Section& section) {
-    return Dictionary(section.StoreState());
 }
 
 }  // namespace calyx::test

@@ -17,6 +17,9 @@ class EditingTest : public QObject {
     void KeptLinesAreEditedInPlace();
     void ChangesAreTakenBackOneByOne();
     void ProblemsLeadToTheirField();
+    void LinesThatFollowAreNotTakenBackAlone();
+    void WrongInputIsNeitherSavedNorLost();
+    void AnOpenEditorIsTakenBeforeSaving();
     void UndoWithNothingSaysWhy();
 };
 
@@ -31,7 +34,7 @@ void EditingTest::TypingIsOneStepAndUndoGoesBackToClean() {
     QTest::keyClick(field, Qt::Key_Return);
     QCOMPARE(main.Value("UID"), "GATE");
     QVERIFY(main.window->isWindowModified());
-    QVERIFY(main.Find<QAction>("editUndo")->text().contains("Unit ID"));
+    QVERIFY(main.Find<QAction>("editUndo")->text().endsWith("Unit ID: 1 to GATE"));
 
     QTest::keyClick(field, Qt::Key_Z, Qt::ControlModifier);  // the document's undo, not the field's
     QCOMPARE(main.Value("UID"), "1");
@@ -99,6 +102,78 @@ void EditingTest::ProblemsLeadToTheirField() {
     QTRY_VERIFY(main.Find<QLineEdit>("CONTACT.EMAIL")->hasFocus());
     main.window->Session().SetParameter("CONTACT.EMAIL", "a@plant.example", false);
     QTRY_COMPARE(problems.Count(), 0);
+}
+
+void EditingTest::LinesThatFollowAreNotTakenBackAlone() {
+    MainWindow main;
+    auto& session = main.window->Session();
+    auto& changes = main.window->Panes().Changes();
+    const auto action = [&](const char* key) {
+        for (const ui::PaneList::Row& row : changes.Rows()) {
+            if (row.key == key) return row.action;
+        }
+        return QStringLiteral("(no row)");
+    };
+    session.SetParameter("GRAVADJ", "ON", false);
+    session.SetParameter("ELEV.LOC", "300", false);
+    session.SetParameter("KLOCK.KZERO", "True", false);  // brings the lines of all keys
+    main.window->Panes().Refresh();
+    QCOMPARE(action("LAT.LOC"), "");
+    QCOMPARE(action("KLOCK.KTARE"), "");
+    for (const char* own : {"GRAVADJ", "ELEV.LOC", "KLOCK.KZERO"}) QCOMPARE(action(own), "Undo");
+
+    emit changes.Acted("LAT.LOC");
+    QVERIFY(main.Status("statusMessage").startsWith("LAT.LOC follows"));
+    // Every action does something, until nothing is left.
+    while (changes.Count() > 0) {
+        const auto before = session.Document().Lines();
+        const auto rows = changes.Rows();
+        const auto acts = std::find_if(rows.begin(), rows.end(),
+                                       [](const ui::PaneList::Row& row) { return !row.action.isEmpty(); });
+        QVERIFY(acts != rows.end());
+        emit changes.Acted(acts->key);
+        QVERIFY(session.Document().Lines() != before);
+    }
+}
+
+void EditingTest::WrongInputIsNeitherSavedNorLost() {
+    MainWindow main;
+    main.dialogs.AnswerFile(main.Path("a.mrn"));
+    main.Choose("fileSaveAs");
+    const QByteArray saved = Bytes(main.Path("a.mrn"));
+    auto* field = main.Find<QLineEdit>("DSPRATE");
+    main.window->ShowParameter("DSPRATE");
+    QTRY_VERIFY(field->hasFocus());
+    field->selectAll();
+    QTest::keyClicks(field, "50000");
+    for (const char* command : {"fileSave", "fileSaveCopy", "linkSend"}) {
+        main.dialogs.Answer("Correct it");
+        main.Choose(command);
+        QVERIFY(main.dialogs.asked.back().details.startsWith("Display rate"));
+        QCOMPARE(field->text(), "50000");
+    }
+    main.dialogs.Answer("Correct it");
+    QVERIFY(!main.window->close());
+    QVERIFY(Bytes(main.Path("a.mrn")) == saved);
+
+    main.dialogs.Answer("Keep old value");
+    main.Choose("fileSave");
+    QCOMPARE(field->text(), "200");
+    QVERIFY(Bytes(main.Path("a.mrn")) == saved);
+    VERIFY_DIALOGS(main);
+}
+
+void EditingTest::AnOpenEditorIsTakenBeforeSaving() {
+    MainWindow main;
+    QVERIFY(main.Open("batching-plant.mrn"));
+    main.window->ShowParameter("SC.GRADS#1");
+    auto* list = main.Find<QTreeView>("keptList");
+    list->edit(list->currentIndex());
+    auto* editor = list->findChild<QLineEdit*>();
+    QVERIFY(editor != nullptr);
+    editor->setText("4000");  // and no Enter
+    QVERIFY(main.window->Files().FinishInput());
+    QCOMPARE(main.Value("SC.GRADS#1"), "4000");
 }
 
 void EditingTest::UndoWithNothingSaysWhy() {

@@ -20,7 +20,9 @@ class FilesTest : public QObject {
     void SavingOverCommentsAsksFirst();
     void LeavingChangesAsks_data();
     void LeavingChangesAsks();
+    void SavingAsOrCopyingOverCommentsAsksToo();
     void ExistingFilesAreReplacedOnlyWhenAskedFor();
+    void OnlyMissingFilesLeaveTheRecentOnes();
     void RecentFilesAreKept();
     void ListingAndImportFileAreWritten();
     void TwoFilesAreCompared();
@@ -105,6 +107,46 @@ void FilesTest::SavingOverCommentsAsksFirst() {
     main.window->Session().SetParameter("UID", "X", false);
     main.Choose("fileSave");  // asked once
     VERIFY_DIALOGS(main);
+}
+
+void FilesTest::SavingAsOrCopyingOverCommentsAsksToo() {
+    MainWindow main;
+    const QString path = main.Path("copy.mrn"), other = main.Path("./copy.mrn");
+    QVERIFY(QFile::copy(MainWindow::Sample("silo.mrn"), path));
+    QFile(path).setPermissions(QFile::ReadOwner | QFile::WriteOwner);
+    const QByteArray before = Bytes(path);
+    QVERIFY(main.window->Files().OpenPath(path, true));
+    for (const char* command : {"fileSaveAs", "fileSaveCopy"}) {
+        main.dialogs.AnswerFile(other);
+        main.dialogs.Answer("Replace file");
+        main.dialogs.Answer("Cancel");
+        main.Choose(command);
+        QVERIFY(main.dialogs.asked.back().text.contains("comments"));
+        QCOMPARE(Bytes(path), before);
+    }
+    main.dialogs.AnswerFile(other);
+    main.dialogs.Answer("Replace file");
+    main.dialogs.Answer("Save without them");
+    main.Choose("fileSaveAs");
+    QVERIFY(Bytes(path).startsWith("@REVISION="));
+    VERIFY_DIALOGS(main);
+}
+
+void FilesTest::OnlyMissingFilesLeaveTheRecentOnes() {
+    MainWindow main;
+    const QString path = main.Path("a.mrn");
+    QVERIFY(QFile::copy(MainWindow::Sample("silo.mrn"), path));
+    QVERIFY(main.window->Files().OpenPath(path, true));
+    QVERIFY(QFile::remove(path) && QDir().mkpath(path));
+    main.dialogs.Answer("Close");
+    QVERIFY(!main.window->Files().OpenPath(path));  // something of that name is still there
+    QCOMPARE(main.window->Files().Recent().size(), 1);
+    QVERIFY(QDir().rmdir(path));
+    main.dialogs.Answer("Close");
+    QVERIFY(!main.window->Files().OpenPath(path));
+    QVERIFY(main.window->Files().Recent().isEmpty());
+    main.Restart();
+    QVERIFY(main.window->Files().Recent().isEmpty());
 }
 
 void FilesTest::LeavingChangesAsks_data() {
@@ -211,6 +253,10 @@ void FilesTest::DroppedFilesOpenOrAreCompared() {
     QTRY_VERIFY(main.window->windowTitle().startsWith("silo.mrn"));
     drop({silo, truck});
     QTRY_VERIFY(main.Dialog("frmCompare") != nullptr);
+    drop({silo});
+    QTRY_VERIFY(main.Status("statusMessage").contains("A dialog is open"));
+    main.Press("frmCompare", "cmdClose");
+    QTRY_VERIFY(main.Dialog("frmCompare") == nullptr);
     drop({silo, truck, silo});
     QTRY_VERIFY(main.Status("statusMessage").contains("two to compare"));
     VERIFY_DIALOGS(main);

@@ -20,6 +20,9 @@ class LinkTest : public QObject {
     void AbortEndsALineInFlight();
     void SendingAsksForAConnection();
     void UnreachableHostIsToldInTheDialog();
+    void AnIndicatorWithoutVersionIsNotConnected();
+    void ConnectingCanBeGivenUp();
+    void WhatWasNotSentIsTold();
     void OldFirmwareSetsTheTarget();
     void DownloadOptionsAreKept();
     void ReadingCanBeCancelled();
@@ -145,6 +148,69 @@ void LinkTest::UnreachableHostIsToldInTheDialog() {
     main.Press("frmConnect", "cmdConnect");
     QVERIFY(DialogText(main, "frmConnect", "lblNote").contains("65535"));
     QVERIFY(main.Status("statusDevice").startsWith("Not connected"));
+}
+
+void LinkTest::AnIndicatorWithoutVersionIsNotConnected() {
+    MainWindow main;
+    sim::SimulatorOptions options;
+    options.version = "V3 MERRIN";  // it is heard, and does not tell its firmware
+    sim::TcpSimulator indicator(options);
+    try {
+        main.window->Desk().Open("127.0.0.1", indicator.Port());
+        QFAIL("connected");
+    } catch (const Error& error) {
+        QCOMPARE(error.Code(), code::kLink);
+    }
+    QVERIFY(!main.window->Desk().Connected());
+    QVERIFY(!main.window->Desk().Link().Connected());
+    QVERIFY(main.Status("statusDevice").startsWith("Not connected"));
+    QVERIFY(!main.window->Desk().Busy());
+}
+
+void LinkTest::ConnectingCanBeGivenUp() {
+    MainWindow main;
+    sim::TcpSimulator indicator(sim::SimulatorOptions{});
+    indicator.AddFault("silent");
+    main.app->settings.CommDelayTime = 5000;  // ms; far beyond the moment of giving up
+    main.Choose("linkConnect");
+    auto* dialog = main.Dialog("frmConnect");
+    dialog->findChild<QLineEdit*>("txtHost")->setText("127.0.0.1");
+    dialog->findChild<QLineEdit*>("txtPort")->setText(QString::number(indicator.Port()));
+    QTimer::singleShot(0, dialog, [dialog] { dialog->reject(); });
+    main.Press("frmConnect", "cmdConnect");
+    QVERIFY(!main.window->Desk().Link().Connected());
+    QVERIFY(dialog->isVisible());
+    QVERIFY(dialog->findChild<QLineEdit*>("txtHost")->hasFocus());
+}
+
+void LinkTest::WhatWasNotSentIsTold() {
+    MainWindow main;
+    QVERIFY(main.Open("truck-scale.mrn"));
+    ConnectSimulated(main);
+    main.window->Desk().Simulator()->AddFault("refuse:UID*");
+    main.Choose("linkCompare");
+    main.Press("frmCompare", "cmdClose");
+    QTRY_VERIFY(main.Dialog("frmCompare") == nullptr);
+    const auto mark = [&](const char* key) {
+        return main.Find<QWidget>((std::string(key) + ".mark").c_str())->toolTip();
+    };
+    QVERIFY(mark("UID").contains("Differs"));
+    main.dialogs.Answer("Not now");
+    SendEverything(main);
+    main.Press("frmDownload", "cmdClose");
+    QTRY_VERIFY(main.Dialog("frmDownload") == nullptr);
+    QVERIFY2(main.Status("statusDevice").endsWith("not sent: 1"), qPrintable(main.Status("statusDevice")));
+    QVERIFY(mark("UID").contains("Differs"));  // the one that was refused still does
+    main.window->Desk().Simulator()->ClearFaults();
+    SendEverything(main);
+    main.Press("frmDownload", "cmdClose");
+    QVERIFY(!main.Status("statusDevice").contains("not sent"));
+    QVERIFY(!mark("UID").contains("Differs"));
+    main.window->Session().SetParameter("UID", "OTHER", false);
+    QTRY_VERIFY(main.Status("statusDevice").endsWith("changes since: 1"));
+    main.Choose("linkSimulated");  // another connection, and who knows what that one holds
+    QVERIFY(!main.Status("statusDevice").contains("sent"));
+    VERIFY_DIALOGS(main);
 }
 
 void LinkTest::OldFirmwareSetsTheTarget() {

@@ -25,6 +25,7 @@ class MainWindow {
         app = modStartup::Main(options);
         app->settings.CommDelayTime = 2;  // ms, the unit of the link's waits
         Restart();
+        window->resize(1366, 768);  // more than the screen of a run without one
     }
     // The program closed and started again with what it kept.
     void Restart() {

@@ -112,7 +112,7 @@ void ShownTest::LinesOfPlacesAreTheFile() {
     document.Import({{"UID", "OTHER"}});
     std::set<std::string> keys, changed;
     for (const ui::Place* place : ui::AllPlaces()) {
-        for (const auto& line : ui::LinesOfPlace(document, *place, Target::Everything(), saved)) {
+        for (const auto& line : ui::LinesOfPlace(document, *place, {}, Target::Everything(), saved)) {
             QVERIFY(line.sent);
             QVERIFY2(keys.insert(line.key).second, line.key.c_str());
             if (line.changed) changed.insert(line.key);
@@ -132,7 +132,7 @@ void ShownTest::LinesOfPlacesAreTheDownload() {
         }
         std::set<std::string> shown;
         for (const ui::Place* place : ui::AllPlaces()) {
-            for (const auto& line : ui::LinesOfPlace(document, *place, target, document.Lines())) {
+            for (const auto& line : ui::LinesOfPlace(document, *place, {}, target, document.Lines())) {
                 if (line.sent) shown.insert(line.key + "=" + line.value);
                 if (!line.gate.Ungated()) QVERIFY(!line.sent && !target.Opens(line.gate));
             }

@@ -4,10 +4,13 @@
 #include <QLineEdit>
 #include <QListView>
 #include <QMenu>
+#include <QProcess>
 #include <QRegularExpression>
+#include <QScrollBar>
 #include <QTreeView>
 
 #include "tests/ui/main_window.h"
+#include "ui/form/form_page.h"
 #include "ui/mod_main.h"
 #include "ui/panes/lines_model.h"
 
@@ -27,7 +30,13 @@ class ViewsTest : public QObject {
     void TextsAreThereAndMnemonicsUnique();
     void ListsHaveNames();
     void LayoutIsKept();
+    void WindowsFitTheScreen();
+    void NarrowWindowsGiveTheirRoomToThePage();
+    void EmptyPanesFold();
+    void FiltersNarrowTheFind();
     void PagesAreWalkedByKeys();
+    void ThePictureNeverWaits();
+    void HelpAndVersionNeedNoScreen();
     void LooksAreSwitchedAndKept();
     void ParameterReferenceFilters();
     void CommandLine_data();
@@ -156,7 +165,7 @@ void ViewsTest::TextsAreThereAndMnemonicsUnique() {
         CollectTexts(*dialog, texts);
         QVERIFY2(SharedLetters(*dialog).isEmpty(), qPrintable(dialog->windowTitle()));
     }
-    QCOMPARE(SharedLetters(*main.Find<ui::ctlPages>("ctlPages")), "");
+    QCOMPARE(SharedLetters(*main.window->centralWidget()), "");
     for (const QString& text : texts)
         QVERIFY2(!text.contains(QRegularExpression("#\\d{3,}$")), qPrintable(text));
 
@@ -183,18 +192,123 @@ void ViewsTest::ListsHaveNames() {
 
 void ViewsTest::LayoutIsKept() {
     MainWindow main;
-    main.window->resize(1100, 700);
+    main.window->resize(700, 600);
     main.Find<QAction>("viewLines")->setChecked(false);
     auto* navigation = main.Find<ui::ctlNavigation>("ctlNavigation");
     navigation->topLevelItem(2)->setExpanded(false);
     main.window->close();
     main.Restart();
-    QCOMPARE(main.window->size(), QSize(1100, 700));
+    QCOMPARE(main.window->size(), QSize(700, 600));
     QVERIFY(!main.Find<ui::ctlLines>("ctlLines")->isVisible());
     navigation = main.Find<ui::ctlNavigation>("ctlNavigation");
     QVERIFY(!navigation->topLevelItem(2)->isExpanded());
     QVERIFY(navigation->topLevelItem(1)->isExpanded());
     QCOMPARE(main.app->settings.BarGroup[2], std::int16_t{1});
+}
+
+void ViewsTest::WindowsFitTheScreen() {
+    MainWindow main;
+    main.window->resize(5000, 4000);
+    main.window->close();
+    main.Restart();
+    const QRect screen = main.window->screen()->availableGeometry();
+    QVERIFY(screen.contains(QRect(screen.topLeft(), main.window->size())));
+    main.Choose("helpParameters");
+    main.Choose("helpKeyboard");
+    for (const QDialog* dialog : main.window->findChildren<QDialog*>()) {
+        QVERIFY(dialog->width() < screen.width() && dialog->height() < screen.height());
+    }
+}
+
+void ViewsTest::NarrowWindowsGiveTheirRoomToThePage() {
+    MainWindow main;
+    auto* lines = main.Find<ui::ctlLines>("ctlLines");
+    QVERIFY(lines->isVisible());
+    main.window->resize(960, 540);
+    QVERIFY(!lines->isVisible());
+    auto* page = main.window->findChild<ui::FormPage*>();
+    QTRY_COMPARE(page->horizontalScrollBar()->maximum(), 0);
+    main.window->resize(1366, 768);
+    QVERIFY(lines->isVisible());  // the choice itself was kept
+}
+
+void ViewsTest::EmptyPanesFold() {
+    MainWindow main;
+    auto& panes = main.window->Panes();
+    auto* page = main.Find<ui::ctlPages>("ctlPages");
+    const auto reachesThePanes = [&] {
+        return page->mapToGlobal(QPoint(0, page->height())).y() + 8 >= panes.mapToGlobal(QPoint()).y();
+    };
+    QTRY_VERIFY(panes.height() < 40 && reachesThePanes());
+    main.Choose("toolsCheck");  // asked for, it opens though there is nothing in it
+    QTRY_VERIFY(panes.height() > 100 && reachesThePanes());
+    main.window->Session().New();
+    QTRY_VERIFY(panes.height() < 40);
+    main.window->Session().SetParameter("CONTACT.EMAIL", "nobody", false);
+    QTRY_VERIFY(panes.height() > 100 && panes.Problems().isVisible());
+}
+
+void ViewsTest::FiltersNarrowTheFind() {
+    MainWindow main;
+    auto& session = main.window->Session();
+    session.SetParameter("UID", "NORTH", false);
+    main.dialogs.AnswerFile(main.Path("a.mrn"));
+    main.Choose("fileSaveAs");
+    session.SetParameter("CONTACT.EMAIL", "nobody", false);
+    auto* find = main.Find<ui::ctlFind>("ctlFind");
+    main.Choose("editFind");
+    const auto toggle = [&](const char* filter) {
+        auto* button = main.Find<QAbstractButton>(filter);
+        button->click();
+        return find->HitCount();
+    };
+    QCOMPARE(find->HitCount(), 0);
+    QCOMPARE(toggle("findFilter0"), 1);                          // changed since the save: the address
+    QCOMPARE(toggle("findFilter0") + toggle("findFilter1"), 2);  // not default: both
+    QCOMPARE(toggle("findFilter2"), 1);                          // and with a problem
+    QTest::keyClicks(find, "unit");
+    QCOMPARE(find->HitCount(), 0);
+    toggle("findFilter2");
+    QTest::keyClick(find, Qt::Key_Return);
+    QTRY_VERIFY(main.Find<QLineEdit>("UID")->hasFocus());
+}
+
+// The program itself; its standard error output, and how it ended.
+namespace {
+struct Ran {
+    int exitCode;
+    QString out, err;
+};
+Ran Run(const QStringList& words, const char* platform) {
+    QProcess program;
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("QT_QPA_PLATFORM", platform);
+    program.setProcessEnvironment(environment);
+    program.start(CALYX_PROGRAM, words);
+    constexpr int kEnough = 60000;  // ms, for one that hangs
+    if (!program.waitForFinished(kEnough)) program.kill();
+    const bool ended = program.exitStatus() == QProcess::NormalExit;
+    return {ended ? program.exitCode() : -1, program.readAllStandardOutput(), program.readAllStandardError()};
+}
+}  // namespace
+
+void ViewsTest::ThePictureNeverWaits() {
+    QTemporaryDir folder;
+    const QString picture = folder.filePath("a.png");
+    const QStringList base{"--screenshot", picture, "--user-dir", folder.filePath("user")};
+    const Ran noData = Run(base + QStringList{"--data-dir", folder.path()}, "offscreen");
+    QCOMPARE(noData.exitCode, 3);
+    QVERIFY(noData.err.contains("20100"));
+    const Ran noFile = Run(base + QStringList{"--data-dir", CALYX_DATA_DIR, "missing.mrn"}, "offscreen");
+    QCOMPARE(noFile.exitCode, 3);
+    QVERIFY(noFile.err.contains("missing.mrn"));
+    QVERIFY(!QFile::exists(picture));
+}
+
+void ViewsTest::HelpAndVersionNeedNoScreen() {
+    QVERIFY(Run({"--version"}, "none").out.startsWith("Calyx 3."));
+    QVERIFY(Run({"--help"}, "none").out.contains("--language"));
+    QCOMPARE(Run({"--nonsense"}, "none").exitCode, 2);
 }
 
 void ViewsTest::PagesAreWalkedByKeys() {
@@ -243,6 +357,7 @@ void ViewsTest::CommandLine_data() {
         << QStringList{"a.mrn", "--user-dir", "u", "--data-dir", "d"} << 0 << true;
     QTest::newRow("picture") << QStringList{"--theme", "dark", "--screenshot", "a.png", "--size", "800x600"}
                              << 0 << true;
+    QTest::newRow("language") << QStringList{"--language", "de"} << 0 << true;
     QTest::newRow("help") << QStringList{"--help"} << 0 << false;
     QTest::newRow("two files") << QStringList{"a.mrn", "b.mrn"} << 2 << false;
     QTest::newRow("unknown option") << QStringList{"--nonsense"} << 2 << false;

@@ -13,8 +13,9 @@ void Tell(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, Tone to
 }
 
 QString ErrorNumber(const ResourceTexts& texts, const Error& error) {
-    return Say(texts, say::kErrorNumber, QString::number(error.Code()),
-               QStringLiteral("0x%1").arg(error.Number(), 8, 16, QLatin1Char('0')), Shown(error.Source()));
+    const QString number = QString::number(error.Number(), 16).toUpper();
+    return Say(texts, say::kErrorNumber, QString::number(error.Code()), QStringLiteral("0x") + number,
+               Shown(error.Source()), QString::number(error.Line().number), Shown(error.Line().file));
 }
 
 void TellError(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, const QString& title,
@@ -28,7 +29,8 @@ bool AskReplace(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, c
                                 Say(texts, say::kReplaceTitle),
                                 Say(texts, say::kReplaceQuestion),
                                 path,
-                                {Say(texts, say::kReplace), Say(texts, say::kKeep)}}) == 0;
+                                {Say(texts, say::kReplace), Say(texts, say::kKeep)},
+                                1}) == 0;
 }
 
 }  // namespace calyx::ui

@@ -12,14 +12,14 @@ namespace calyx::ui {
 
 enum class Tone { Information, Question, Warning };
 
-// A question in a box of its own. The buttons are verbs; the first is the one that Enter takes, the last
-// the one that Esc takes.
+// A question in a box of its own. The buttons are verbs; the last is the one that Esc takes.
 struct Question {
     Tone tone = Tone::Question;
     QString title;
     QString text;
     QString details;  // in small print below the text; may be empty
     QStringList buttons;
+    int standard = 0;  // place of the button that Enter takes: the one that loses nothing
 };
 
 struct FileQuestion {
@@ -46,7 +46,7 @@ void Tell(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, Tone to
 // An error in its own words, with number and source in small print.
 void TellError(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, const QString& title,
                const Error& error);
-// "Error 10005 (0x80042715), Calyx.CIndicator.Load".
+// "Error 10005 (0x80042715), Calyx.CIndicator.Load, line 47 of indicator_file.cpp".
 QString ErrorNumber(const ResourceTexts& texts, const Error& error);
 // Whether an existing file may be replaced; true for one that does not exist.
 bool AskReplace(Dialogs& dialogs, const ResourceTexts& texts, QWidget* parent, const QString& path);

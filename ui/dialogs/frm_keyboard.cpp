@@ -2,7 +2,9 @@
 
 #include <QHBoxLayout>
 #include <QPushButton>
+#include <QTreeView>
 
+#include "ui/dialogs/screen_fit.h"
 #include "ui/panes/pane_list.h"
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -26,7 +28,7 @@ frmKeyboard::frmKeyboard(const ResourceTexts& texts, const QList<QAction*>& comm
     std::vector<PaneList::Row> rows;
     for (const QAction* command : commands) {
         if (!command->shortcut().isEmpty())
-            rows.push_back({.cells = {KeysOf(*command), command->iconText()}});
+            rows.push_back({.cells = {KeysOf(*command), PlainCaption(command->iconText())}});
     }
     // Keys that belong to no command.
     const struct {
@@ -43,6 +45,8 @@ frmKeyboard::frmKeyboard(const ResourceTexts& texts, const QList<QAction*>& comm
     auto* list = new PaneList(Say(texts, say::kKeyboardTitle),
                               {Say(texts, say::kKeyboardKeys), Say(texts, say::kKeyboardDoes)}, 1);
     list->SetRows(std::move(rows));
+    list->View()->setSelectionMode(QAbstractItemView::NoSelection);  // there is nothing to do with a row
+    list->View()->setFocusPolicy(Qt::NoFocus);
     auto* close = new QPushButton(Say(texts, say::kCloseMnemonic));
     close->setDefault(true);
     connect(close, &QPushButton::clicked, this, &QDialog::accept);
@@ -54,7 +58,7 @@ frmKeyboard::frmKeyboard(const ResourceTexts& texts, const QList<QAction*>& comm
     all->setSpacing(metrics::kGroups);
     all->addWidget(list, 1);
     all->addLayout(buttons);
-    resize(520, 520);
+    resize(FitScreen(*this, QSize(520, 520)));
 }
 
 }  // namespace calyx::ui

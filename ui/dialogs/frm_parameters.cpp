@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "model/document/indicator.h"
+#include "ui/dialogs/screen_fit.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/theme/metrics.h"
@@ -106,7 +107,7 @@ frmParameters::frmParameters(const ModelContext& context, QWidget* parent)
     all->addLayout(head);
     all->addWidget(list_, 1);
     all->addLayout(buttons);
-    resize(860, 560);
+    resize(FitScreen(*this, QSize(860, 560)));
 }
 
 void frmParameters::Filter(const QString& typed) {

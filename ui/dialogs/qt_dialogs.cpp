@@ -4,20 +4,25 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "ui/theme/icons.h"
+#include "ui/theme/metrics.h"
+
 namespace calyx::ui {
 
 namespace {
 
-QMessageBox::Icon IconOf(Tone tone) {
+constexpr int kIconSize = metrics::kIconLarge;
+
+IconName IconOf(Tone tone) {
     switch (tone) {
         case Tone::Warning:
-            return QMessageBox::Warning;
+            return IconName::Problem;
         case Tone::Information:
-            return QMessageBox::Information;
+            return IconName::Info;
         case Tone::Question:
             break;
     }
-    return QMessageBox::Question;
+    return IconName::Question;
 }
 
 QString AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::AcceptMode mode) {
@@ -40,7 +45,9 @@ QString AskFile(QWidget* parent, const FileQuestion& question, QFileDialog::Acce
 }  // namespace
 
 int QtDialogs::Ask(QWidget* parent, const Question& question) {
-    QMessageBox box(IconOf(question.tone), question.title, question.text, QMessageBox::NoButton, parent);
+    QMessageBox box(QMessageBox::NoIcon, question.title, question.text, QMessageBox::NoButton, parent);
+    box.setIconPixmap(
+        Icon(IconOf(question.tone)).pixmap(QSize(kIconSize, kIconSize), box.devicePixelRatioF()));
     box.setTextFormat(Qt::PlainText);
     box.setInformativeText(question.details);
     QList<QPushButton*> buttons;
@@ -48,7 +55,7 @@ int QtDialogs::Ask(QWidget* parent, const Question& question) {
         // A role each would sort the buttons the platform's way; the order here is part of the question.
         buttons.append(box.addButton(caption, QMessageBox::AcceptRole));
     }
-    box.setDefaultButton(buttons.first());
+    box.setDefaultButton(buttons.value(question.standard, buttons.first()));
     box.setEscapeButton(buttons.last());
     box.exec();
     const qsizetype chosen = buttons.indexOf(qobject_cast<QPushButton*>(box.clickedButton()));

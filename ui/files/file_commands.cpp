@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileInfo>
 
+#include "platform/paths.h"
 #include "ui/files/listing.h"
 #include "ui/panes/ctl_report.h"
 #include "ui/text.h"
@@ -69,8 +70,11 @@ bool FileCommands::OpenPath(const QString& path, bool anyway) {
         app_.Record(error);
         if (CanBeOpenedAnyway(error.Code())) return AskOpenAnyway(error) == 0 && OpenPath(path, true);
         Fail(say::kOpenFailed, error);
-        recent_.Remove(file);
-        emit RecentChanged();
+        if (error.Code() == code::kFileNotFound) {
+            recent_.Remove(file);
+            SaveSettings();
+            emit RecentChanged();
+        }
         return false;
     }
     saved_ = false;
@@ -91,8 +95,26 @@ int FileCommands::AskOpenAnyway(const Error& error) {
                   {Say(texts, say::kOpenAnyway), Say(texts, say::kCancel)}});
 }
 
+bool FileCommands::FinishInput() {
+    const QStringList wrong = session_.FinishInput();
+    if (wrong.isEmpty()) return true;
+    const ResourceTexts& texts = app_.model.texts;
+    const int answer = dialogs_.Ask(window_, {Tone::Warning,
+                                              Say(texts, say::kInputTitle),
+                                              Say(texts, say::kInputWrong),
+                                              wrong.join(QLatin1Char('\n')),
+                                              {Say(texts, say::kKeepOldValue), Say(texts, say::kCorrect)},
+                                              1});
+    if (answer == 0) session_.GiveUpInput();
+    return answer == 0;
+}
+
 bool FileCommands::Save() {
-    if (session_.Document().IsNew()) return SaveAs();
+    if (!FinishInput()) return false;
+    return session_.Document().IsNew() ? SaveAs() : SaveOverOpened();
+}
+
+bool FileCommands::SaveOverOpened() {
     switch (AskDropLines()) {
         case Drop::Go:
             return SaveTo(Shown(session_.Document().Filename()));
@@ -104,9 +126,18 @@ bool FileCommands::Save() {
     return false;
 }
 
+bool FileCommands::IsOpened(const QString& path) const {
+    const CIndicator& document = session_.Document();
+    if (document.IsNew() || path.isEmpty()) return false;
+    const QFileInfo opened(Shown(document.Filename())), other(path);
+    return SamePath(Utf8(opened.absoluteFilePath()), Utf8(other.absoluteFilePath())) || opened == other;
+}
+
 bool FileCommands::SaveAs() {
+    if (!FinishInput()) return false;
     const QString name = session_.Document().IsNew() ? QString::fromLatin1(kNewName) : Name();
     const QString path = AskTarget(say::kSaveTitle, name, ConfigurationFilters(), QStringLiteral("mrn"));
+    if (IsOpened(path)) return SaveOverOpened();
     return !path.isEmpty() && SaveTo(path);
 }
 
@@ -139,12 +170,23 @@ bool FileCommands::SaveTo(const QString& path) {
 }
 
 void FileCommands::SaveCopy() {
+    if (!FinishInput()) return;
     const QString name = PathWithout(QStringLiteral("-copy.mrn"));
     const QString path = AskTarget(say::kSaveCopyTitle, name, ConfigurationFilters(), QStringLiteral("mrn"));
-    WriteFile(path, say::kSaveFailed, [&] { session_.Document().Save(Utf8(path), true); });
+    const bool opened = IsOpened(path);
+    if (opened) {
+        const Drop drop = AskDropLines();
+        if (drop == Drop::Elsewhere) return SaveCopy();
+        if (drop == Drop::Cancel) return;
+    }
+    WriteFile(path, say::kSaveFailed, [&] {
+        session_.Document().Save(Utf8(path), true);
+        if (opened) notKept_ = 0;
+    });
 }
 
 void FileCommands::PrintListing() {
+    if (!FinishInput()) return;
     const ResourceTexts& texts = app_.model.texts;
     const QString path = AskTarget(say::kPrintTitle, PathWithout(QStringLiteral(".pdf")),
                                    {Say(texts, say::kPdfFiles) + QStringLiteral(" (*.pdf)"),
@@ -154,6 +196,7 @@ void FileCommands::PrintListing() {
 }
 
 void FileCommands::GenerateImportFile() {
+    if (!FinishInput()) return;
     const ResourceTexts& texts = app_.model.texts;
     const QString path = AskTarget(say::kImportTitle, PathWithout(QStringLiteral(".src")),
                                    {Say(texts, say::kImportFiles) + QStringLiteral(" (*.src)"),
@@ -163,15 +206,23 @@ void FileCommands::GenerateImportFile() {
 }
 
 bool FileCommands::MayLeave() {
+    if (!FinishInput()) return false;
     if (!session_.Document().IsDirty()) return true;
     const ResourceTexts& texts = app_.model.texts;
     const int answer = dialogs_.Ask(
         window_, {Tone::Warning,
                   Say(texts, say::kUnsavedTitle),
-                  Say(texts, say::kUnsaved, Name(), QString::number(session_.ChangesSinceSave().Count())),
+                  UnsavedWords(),
                   {},
                   {Say(texts, say::kSaveVerb), Say(texts, say::kDiscard), Say(texts, say::kCancel)}});
     return answer == 1 || (answer == 0 && Save());
+}
+
+QString FileCommands::UnsavedWords() const {
+    const ResourceTexts& texts = app_.model.texts;
+    const std::size_t changes = session_.ChangesSinceSave().Count();
+    return changes == 1 ? Say(texts, say::kUnsavedOne, Name())
+                        : Say(texts, say::kUnsaved, Name(), QString::number(changes));
 }
 
 // A path to write to, with the leave to replace what is there; empty: cancelled.
@@ -206,7 +257,7 @@ void FileCommands::Remember(const QString& path) {
     emit RecentChanged();
 }
 
-// A list of recent files that cannot be kept stops nobody from working.
+// A list of recent files that cannot be kept stops nobody from working; the user hears of it on closing.
 void FileCommands::SaveSettings() {
     try {
         app_.settings.Save();

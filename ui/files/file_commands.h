@@ -31,6 +31,8 @@ class FileCommands : public QObject {
 
     // Whether the document may be left: it has no changes, or the user has saved or discarded them.
     bool MayLeave();
+    // Takes what is being typed. False: it cannot be taken, and the user wants to correct it first.
+    bool FinishInput();
 
     QString Name() const;                      // of the file, without its folder
     QString Folder() const;                    // where file dialogs begin
@@ -46,9 +48,12 @@ class FileCommands : public QObject {
 
   private:
     bool SaveTo(const QString& path);
+    bool SaveOverOpened();
+    bool IsOpened(const QString& path) const;  // the file that the document came from
     enum class Drop { Go, Elsewhere, Cancel };
     Drop AskDropLines();
     int AskOpenAnyway(const Error& error);
+    QString UnsavedWords() const;
     QString AskTarget(int title, const QString& name, const QStringList& filters, const QString& suffix);
     void Fail(int title, const Error& error);
     template <class Write>

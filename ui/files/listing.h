@@ -7,8 +7,8 @@
 
 namespace calyx::ui {
 
-// Writes the printed listing: as PDF in the fonts of the settings where the path ends in ".pdf", else as
-// text. Raises 20002.
+// Writes the printed listing with the headings and indents of the settings: as PDF, in their fonts and
+// with their footer, where the path ends in ".pdf", else as text. Raises 20002.
 void WriteListing(AppContext& app, const CIndicator& document, const QString& heading, const QString& path);
 
 }  // namespace calyx::ui

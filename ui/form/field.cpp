@@ -62,6 +62,10 @@ Field::Field(DocumentSession& session, std::string section, std::string key, QWi
     SetCaption(caption_);
     connect(control_.get(), &Control::Edited, this,
             [this](bool typing) { Take(control_->Read(false), typing); });
+    connect(&session_, &DocumentSession::Finishing, this, [this](QStringList* wrong) { Finish(*wrong); });
+    connect(&session_, &DocumentSession::GivingUp, this, [this] {
+        if (entry_.state != Entry::State::Right) GiveUp();
+    });
 }
 
 QString Field::ShownKey() const {
@@ -91,6 +95,12 @@ void Field::Take(const Entry& entry, bool typing) {
         // A choice has nothing to go on typing.
         if (refused && !typing) control_->Show(text_);
     }
+    if (entry_.state != Entry::State::Right) {
+        // Its beginning was right and is in the document: "500" of "50000".
+        writing_ = true;
+        session_.TakeBackTyping(key_);
+        writing_ = false;
+    }
     ShowMessage();
 }
 
@@ -98,6 +108,13 @@ void Field::Leave() {
     if (entry_.state != Entry::State::Right) Take(control_->Read(true), true);
     session_.EndTyping();
     GiveUp();
+}
+
+void Field::Finish(QStringList& wrong) {
+    if (entry_.state == Entry::State::Right) return;
+    Take(control_->Read(true), true);
+    if (entry_.state == Entry::State::Right) return;
+    wrong += entry_.words.isEmpty() ? caption_ : caption_ + QStringLiteral(": ") + entry_.words;
 }
 
 void Field::GiveUp() {
@@ -205,7 +222,8 @@ bool Field::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::FocusOut: {
             const auto reason = static_cast<QFocusEvent*>(event)->reason();
             // Another window or a menu in front is no leaving.
-            const bool stays = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason;
+            const bool stays = reason == Qt::ActiveWindowFocusReason || reason == Qt::PopupFocusReason ||
+                               reason == Qt::MenuBarFocusReason;
             if (watched == ControlWidget() && !stays) Leave();
             return false;
         }
@@ -220,6 +238,11 @@ bool Field::eventFilter(QObject* watched, QEvent* event) {
 // Undo and redo are the document's, not a box's own; but what was typed and not taken goes first.
 bool Field::HoldsKeys(QEvent* event) {
     auto* key = static_cast<QKeyEvent*>(event);
+    if (key->key() == Qt::Key_F1) {
+        event->accept();
+        if (event->type() == QEvent::KeyPress) ShowHelp();
+        return true;
+    }
     const bool untaken = entry_.state != Entry::State::Right;
     const bool undo = key->matches(QKeySequence::Undo), redo = key->matches(QKeySequence::Redo);
     const bool back = untaken && (undo || key->key() == Qt::Key_Escape);

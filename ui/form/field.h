@@ -51,8 +51,10 @@ class Field : public QObject {
     std::optional<Parameter> Find() const;
     void Take(const Entry& entry, bool typing);
     void Leave();
-    void GiveUp();  // back to the document's value
+    void Finish(QStringList& wrong);  // as if it were left, but what is wrong stays and is told
+    void GiveUp();                    // back to the document's value
     bool HoldsKeys(QEvent* event);
+    void ShowHelp();
     void SetPresent(bool present);
     void GatherMarks(const Parameter& parameter, const PageState& state);
     bool IsChange(const Change& change) const;

@@ -40,7 +40,7 @@ FieldGroup::FieldGroup(const QString& heading, std::vector<Field*> fields, QWidg
         fields_.size() >= kFewestChecks &&
         std::all_of(fields_.begin(), fields_.end(), [](const Field* field) { return field->IsSwitch(); });
     auto* title = new QLabel(heading, this);
-    title->setFont(TextFont(TextSize::Heading));
+    title->setFont(StrongFont());
     title->setTextFormat(Qt::PlainText);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);

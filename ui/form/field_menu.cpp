@@ -9,6 +9,7 @@
 #include "ui/form/field.h"
 #include "ui/form/firmware_dialog.h"
 #include "ui/form/form_texts.h"
+#include "ui/form/help_popup.h"
 #include "ui/form/words.h"
 
 // The menu of a field. A command that has nothing to do says so instead of being grey.
@@ -47,6 +48,7 @@ QMenu* Field::MakeMenu() {
         add(kMenuRevert, &Field::Revert);
         menu->addSeparator();
     }
+    add(kMenuHelp, &Field::ShowHelp);
     add(kMenuCopy, &Field::CopyAsLine);
     add(kMenuLines, &Field::ShowLine);
     add(kMenuFirmware, &Field::ShowFirmware);
@@ -56,6 +58,10 @@ QMenu* Field::MakeMenu() {
 void Field::Tell(const QString& note) {
     QToolTip::showText(ControlWidget()->mapToGlobal(QPoint(0, ControlWidget()->height())), note,
                        ControlWidget());
+}
+
+void Field::ShowHelp() {
+    (new HelpPopup(caption_, ControlWidget()->toolTip(), ControlWidget()))->Open();
 }
 
 void Field::ResetToDefault() {
@@ -76,7 +82,7 @@ void Field::Revert() {
     }
     if (!changed) return Tell(Say(texts_, kIsUnchanged));
     if (lineKeys_.size() == 1) {
-        session_.RevertParameter(lineKeys_.front());
+        if (!session_.RevertParameter(lineKeys_.front())) Tell(Say(texts_, kIsUnchanged));
     } else if (!saved.empty()) {
         session_.Edit(saved, caption_.toStdString());  // the lines of one choice go back together
     }

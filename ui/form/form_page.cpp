@@ -20,9 +20,8 @@ namespace {
 constexpr int kWidestColumn = 600;
 }
 
-FormPage::FormPage(DocumentSession& session, std::string section, int item, QWidget* parent,
-                   const QString& reservedLetters)
-    : QScrollArea(parent), session_(session), section_(std::move(section)), item_(item) {
+FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, const QString& reservedLetters)
+    : QScrollArea(parent), session_(session), item_(std::move(item)) {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
     Build(reservedLetters);
@@ -42,8 +41,8 @@ void FormPage::Build(const QString& reservedLetters) {
     const int left = metrics::kPageEdge - metrics::kIconSmall - metrics::kHalf;
     grid->setContentsMargins(left, metrics::kPageEdge, metrics::kPageEdge, metrics::kPageEdge);
     std::vector<std::pair<int, std::vector<Field*>>> groups;  // in the order in which the rows name them
-    for (const std::string& key : FormKeys(session_.Document(), section_, item_)) {
-        auto& field = fields_.emplace_back(std::make_unique<Field>(session_, section_, key, content));
+    for (const std::string& key : FormKeys(session_.Document(), item_)) {
+        auto& field = fields_.emplace_back(std::make_unique<Field>(session_, item_.section, key, content));
         connect(field.get(), &Field::Focused, this, &FormPage::KeyFocused);
         connect(field.get(), &Field::ShowInLines, this, &FormPage::ShowInLines);
         const auto group = std::find_if(groups.begin(), groups.end(),
@@ -90,7 +89,7 @@ void FormPage::Follow(Stale what) {
 
 void FormPage::Refresh() {
     const bool anew = std::exchange(stale_, Stale::No) == Stale::Replaced;
-    const PageState state = PageState::Of(session_, section_, differing_);
+    const PageState state = PageState::Of(session_, item_.section, differing_);
     for (const auto& field : fields_) field->Refresh(state, anew);
 }
 
@@ -121,13 +120,13 @@ void FormPage::SetDiffering(const std::set<std::string>& keys) {
     Follow(Stale::Changed);
 }
 
-bool HasForm(const CIndicator& document, const std::string& section, int item) {
-    return !FormKeys(document, section, item).empty();
+bool HasForm(const CIndicator& document, const ItemRef& item) {
+    return !FormKeys(document, item).empty();
 }
 
-FormPage* MakePage(DocumentSession& session, const std::string& section, int item, QWidget* parent) {
-    if (!HasForm(session.Document(), section, item)) return nullptr;
-    return new FormPage(session, section, item, parent);
+FormPage* MakePage(DocumentSession& session, const ItemRef& item, QWidget* parent) {
+    if (!HasForm(session.Document(), item)) return nullptr;
+    return new FormPage(session, item, parent);
 }
 
 }  // namespace calyx::ui

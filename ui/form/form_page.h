@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/document_session.h"
+#include "ui/form/item_ref.h"
 
 namespace calyx::ui {
 
@@ -25,8 +26,7 @@ class FormPage : public QScrollArea {
     // Letters that the main menu uses; no field gets them.
     static inline const QString kMenuLetters = QStringLiteral("FEVITH");
 
-    // `item`: 1-based number; 0 for a section without numbered items.
-    FormPage(DocumentSession& session, std::string section, int item, QWidget* parent = nullptr,
+    FormPage(DocumentSession& session, ItemRef item, QWidget* parent = nullptr,
              const QString& reservedLetters = kMenuLetters);
     ~FormPage() override;
 
@@ -52,19 +52,17 @@ class FormPage : public QScrollArea {
     void Refresh();
 
     DocumentSession& session_;
-    std::string section_;
-    int item_;
+    ItemRef item_;
     std::vector<std::unique_ptr<form::Field>> fields_;
     std::set<std::string> differing_;  // in capitals
     Stale stale_ = Stale::Replaced;
 };
 
 // Whether a section's item has rows for a page; otherwise its lines are edited as they are kept.
-bool HasForm(const CIndicator& document, const std::string& section, int item = 0);
+bool HasForm(const CIndicator& document, const ItemRef& item);
 
 // The page of a section's item; nothing when it has none. All that a section needs for its editor are
 // rows with groups.
-FormPage* MakePage(DocumentSession& session, const std::string& section, int item = 0,
-                   QWidget* parent = nullptr);
+FormPage* MakePage(DocumentSession& session, const ItemRef& item, QWidget* parent = nullptr);
 
 }  // namespace calyx::ui

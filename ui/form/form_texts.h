@@ -18,7 +18,8 @@ inline constexpr int kAllowed = 20210, kWholeNumber = 20211, kDecimalNumber = 20
 inline constexpr int kNoDate = 20220, kChooseDay = 20221, kToday = 20222, kPrevious = 20223, kNext = 20224;
 inline constexpr int kCut = 20225, kCopy = 20226, kPaste = 20227, kSelectAll = 20228;
 inline constexpr int kMenuDefault = 20230, kMenuRevert = 20231, kMenuCopy = 20232, kMenuLines = 20233,
-                     kMenuFirmware = 20234, kIsDefault = 20235, kIsUnchanged = 20236, kNeverInLines = 20237;
+                     kMenuFirmware = 20234, kIsDefault = 20235, kIsUnchanged = 20236, kNeverInLines = 20237,
+                     kMenuHelp = 20238;
 inline constexpr int kFirmwareTitle = 20240, kFirmwareNotSent = 20242, kClose = 20243, kFirmwareIntro = 20244;
 
 // A text with its arguments filled in.

@@ -108,12 +108,12 @@ std::optional<Parameter> FindParameter(const CIndicator& document, std::string_v
     return std::nullopt;
 }
 
-std::vector<std::string> FormKeys(const CIndicator& document, std::string_view section, int number) {
+std::vector<std::string> FormKeys(const CIndicator& document, const ItemRef& ref) {
     std::vector<std::string> keys;
-    const Section* owner = FindSection(document, section);
+    const Section* owner = FindSection(document, ref.section);
     if (owner == nullptr) return keys;
     for (const Item* item : owner->Items()) {
-        if (item->Number() != number) continue;
+        if (item->Number() != ref.number || (ref.kind != 0 && item->Title() != ref.kind)) continue;
         for (std::size_t i = 0; i < item->RowCount(); ++i) {
             if (item->Info(i).more.group != 0) keys.push_back(item->Key(i));
         }

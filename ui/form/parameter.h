@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/document/indicator.h"
+#include "ui/form/item_ref.h"
 
 namespace calyx::ui::form {
 
@@ -53,7 +54,7 @@ class Parameter {
 std::optional<Parameter> FindParameter(const CIndicator& document, std::string_view section,
                                        std::string_view key);
 
-// The keys of all parameters with a group, of all the section's items of that number, in table order.
-std::vector<std::string> FormKeys(const CIndicator& document, std::string_view section, int number);
+// The keys of all parameters with a group, of all the items that are meant, in table order.
+std::vector<std::string> FormKeys(const CIndicator& document, const ItemRef& ref);
 
 }  // namespace calyx::ui::form

@@ -10,7 +10,9 @@ namespace calyx::ui::form {
 
 namespace {
 
-QString LocalNumber(double number, const QLocale& locale) {
+// As it can be typed: without marks between the thousands.
+QString LocalNumber(double number, QLocale locale) {
+    locale.setNumberOptions(QLocale::OmitGroupSeparator);
     const bool whole = number == std::floor(number) && std::abs(number) < 1e15;
     return whole ? locale.toString(static_cast<qlonglong>(number)) : locale.toString(number, 'g', 7);
 }

@@ -18,7 +18,7 @@ inline QString ValueWords(const ResourceTexts& texts, const Parameter& parameter
                           const QLocale& locale) {
     return ValueWords(texts, parameter.Info().kind, parameter.List(), text, locale);
 }
-// Both ends with their unit: "50", "5,000 ms".
+// Both ends with their unit: "50", "5000 ms".
 struct RangeEnds {
     QString least, most;
 };

@@ -1,9 +1,13 @@
 #include "ui/link/frm_compare.h"
 
 #include <QHBoxLayout>
+#include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
+#include <QTreeView>
+#include <algorithm>
 
+#include "ui/dialogs/screen_fit.h"
 #include "ui/panes/pane_list.h"
 #include "ui/panes/where.h"
 #include "ui/text.h"
@@ -11,6 +15,11 @@
 #include "ui/theme/metrics.h"
 
 namespace calyx::ui {
+
+namespace {
+constexpr int kWhere = 0, kCaption = 1, kBefore = 3;  // columns; kept lines have no captions
+constexpr int kWhereWidth = 160;                      // pixels
+}  // namespace
 
 frmCompare::frmCompare(const ChangeSet& changes, const CIndicator& before, const CIndicator& after,
                        const Sides& sides, QWidget* parent)
@@ -37,14 +46,24 @@ frmCompare::frmCompare(const ChangeSet& changes, const CIndicator& before, const
         const CIndicator& holder = change.before ? before : after;
         rows.push_back({.cells = {WhereWords(holder, change.key), LabelOf(holder, change.key),
                                   ShownValue(change.key), side(change.before), side(change.after)},
-                        .key = KeyText(change.key)});
+                        .key = KeyText(change.key),
+                        .action = Say(texts, say::kGoTo)});
     }
+    const bool captions = std::any_of(
+        rows.begin(), rows.end(), [](const PaneList::Row& row) { return !row.cells[kCaption].isEmpty(); });
     list->SetRows(std::move(rows));
+    list->View()->setColumnHidden(kCaption, !captions);
+    QHeaderView* header = list->View()->header();
+    header->setSectionResizeMode(kWhere, QHeaderView::Interactive);
+    header->resizeSection(kWhere, kWhereWidth);
+    header->setSectionResizeMode(kBefore, QHeaderView::Stretch);  // as much room as the other side has
     list->setVisible(!changes.Empty());
-    connect(list, &PaneList::Chosen, this, [this](const QString& key) {
+    const auto goTo = [this](const QString& key) {
         emit Chosen(key);
         accept();
-    });
+    };
+    connect(list, &PaneList::Chosen, this, goTo);
+    connect(list, &PaneList::Acted, this, goTo);
 
     auto* close = new QPushButton(Say(texts, say::kCloseMnemonic));
     close->setObjectName(QStringLiteral("cmdClose"));
@@ -60,7 +79,7 @@ frmCompare::frmCompare(const ChangeSet& changes, const CIndicator& before, const
     all->addWidget(list, 1);
     if (changes.Empty()) all->addStretch();
     all->addLayout(buttons);
-    resize(changes.Empty() ? QSize(440, 140) : QSize(860, 480));
+    resize(FitScreen(*this, changes.Empty() ? QSize(440, 140) : QSize(860, 480)));
 }
 
 }  // namespace calyx::ui

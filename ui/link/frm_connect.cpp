@@ -5,6 +5,7 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
 
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -116,15 +117,18 @@ template <class Open>
 void frmConnect::Try(const QString& where, Open&& open) {
     if (connecting_) return;
     SetConnecting(true);
+    const auto end = qScopeGuard([this] { SetConnecting(false); });
     ShowNote(Say(app_.model.texts, say::kConnecting, where), false);
     try {
         open();
-        SetConnecting(false);
         accept();
     } catch (const Error& error) {
         app_.Record(error);
         SetConnecting(false);
         ShowNote(Shown(error.Description()), true);
+        connect_->setDefault(true);
+        host_->setFocus();
+        host_->selectAll();
     }
 }
 

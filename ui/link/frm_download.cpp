@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QProgressBar>
 #include <QPushButton>
+#include <QScopeGuard>
+#include <algorithm>
 
 #include "comm/link_texts.h"
 #include "ui/link/elapsed.h"
@@ -244,28 +246,51 @@ void frmDownload::cmdStart_Click() {
         if (options.programFile.empty()) return lblStatus_->setText(Say(texts, say::kNeedProgram));
     }
     SaveDownloadOptions();
+    const DownloadReport report = Run(options);
+    cmdClose_->setFocus();
+    txtCurrentCommand_->clear();
+    KeepAccepted(report);
+    emit Ended(report);
+    if (!report.failed.empty()) ShowDownloadErrors(report);
+}
+
+DownloadReport frmDownload::Run(const DownloadOptions& options) {
     const LinkDesk::Use use(desk_);
+    const auto end = qScopeGuard([this] {
+        elapsed_->Stop();
+        downloading_ = false;
+        EnableControls();
+    });
     downloading_ = true;
     EnableControls();
     cmdAbort_->setFocus();
     lblDownloadErrors_->setText(Shown(ErrorsText(0)));
     elapsed_->Start();
     shown_.invalidate();
-    DownloadReport report;
+    accepted_.clear();
     try {
-        report = download_.Run(session_.Document(), options, app_.model.target.Gated());
+        return download_.Run(session_.Document(), options, app_.model.target.Gated());
     } catch (const Error& error) {
+        const ResourceTexts& texts = app_.model.texts;
         app_.Record(error);
+        DownloadReport report;
         report.status = texts.Text(link_text::kFailed);
         lblStatus_->setText(Shown(report.status));
         TellError(dialogs_, texts, this, Say(texts, say::kDownloadFailedTitle), error);
+        return report;
     }
-    elapsed_->Stop();
-    downloading_ = false;
-    EnableControls();
-    cmdClose_->setFocus();
-    emit Ended(report);
-    if (!report.failed.empty()) ShowDownloadErrors(report);
+}
+
+// Every line was noted before it went out. The failed ones are told in that order; beyond them only the
+// last line can be without an answer, when the run was ended in its midst.
+void frmDownload::KeepAccepted(const DownloadReport& report) {
+    auto failed = report.failed.begin();
+    std::erase_if(accepted_, [&](const std::string& line) {
+        const bool refused = failed != report.failed.end() && failed->line == line;
+        if (refused) ++failed;
+        return refused;
+    });
+    accepted_.resize(std::min(accepted_.size(), static_cast<std::size_t>(report.accepted)));
 }
 
 void frmDownload::cmdAbort_Click() {
@@ -294,6 +319,7 @@ void frmDownload::Status(const std::string& text) {
 }
 
 void frmDownload::Line(const std::string& line, int number, int total) {
+    accepted_.push_back(line);
     if (shown_.isValid() && shown_.elapsed() < kShowEvery && number < total) return;
     shown_.start();
     progress_->setRange(0, total);

@@ -3,6 +3,8 @@
 #include <QDialog>
 #include <QElapsedTimer>
 #include <array>
+#include <string>
+#include <vector>
 
 #include "app/context.h"
 #include "comm/download.h"
@@ -31,6 +33,9 @@ class frmDownload : public QDialog, private IDownloadEvents {
     bool Downloading() const { return downloading_; }
     void reject() override;
 
+    // The lines of the last run that the indicator has accepted, in their order.
+    const std::vector<std::string>& Accepted() const { return accepted_; }
+
   signals:
     void Ended(const calyx::DownloadReport& report);
 
@@ -49,6 +54,8 @@ class frmDownload : public QDialog, private IDownloadEvents {
     void cmdStart_Click();
     void cmdAbort_Click();
     void cmdBrowse_Click();
+    DownloadReport Run(const DownloadOptions& options);
+    void KeepAccepted(const DownloadReport& report);
     void ShowDownloadErrors(const DownloadReport& report);
     void InitDownloadOptions();
     void SaveDownloadOptions();
@@ -78,6 +85,7 @@ class frmDownload : public QDialog, private IDownloadEvents {
     QPushButton* cmdAbort_;
     QPushButton* cmdClose_;
     QElapsedTimer shown_;  // since the line was shown last
+    std::vector<std::string> accepted_;
     bool downloading_ = false;
 };
 

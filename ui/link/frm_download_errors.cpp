@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 
+#include "ui/dialogs/screen_fit.h"
 #include "ui/panes/pane_list.h"
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -42,7 +43,7 @@ frmDownloadErrors::frmDownloadErrors(const ResourceTexts& texts, const std::vect
     all->setSpacing(metrics::kGroups);
     all->addWidget(list, 1);
     all->addLayout(buttons);
-    resize(640, 360);
+    resize(FitScreen(*this, QSize(640, 360)));
 }
 
 }  // namespace calyx::ui

@@ -17,10 +17,14 @@ namespace calyx::ui {
 LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileCommands& files, Dialogs& dialogs,
                            LinkDesk& desk, QWidget* window)
     : app_(app), session_(session), files_(files), dialogs_(dialogs), desk_(desk), window_(window) {
-    connect(&session_, &DocumentSession::Replaced, this, [this] {
-        sentAt_ = {};
-        sentLines_.clear();
-    });
+    connect(&session_, &DocumentSession::Replaced, this, &LinkCommands::ForgetSent);
+    connect(&desk_, &LinkDesk::Opened, this, &LinkCommands::ForgetSent);
+}
+
+void LinkCommands::ForgetSent() {
+    sentAt_ = {};
+    sent_.clear();
+    differing_.clear();
 }
 
 QString LinkCommands::Text(int number) const {
@@ -97,31 +101,53 @@ void LinkCommands::WithConnection(const std::function<void()>& next) {
 }
 
 void LinkCommands::Send() {
-    WithConnection([this] { SendNow(); });
+    if (files_.FinishInput()) WithConnection([this] { SendNow(); });
 }
 
 void LinkCommands::SendNow() {
     auto* dialog = new frmDownload(app_, session_, desk_, dialogs_, window_);
-    connect(dialog, &frmDownload::Ended, this, &LinkCommands::EndOfDownload);
+    connect(dialog, &frmDownload::Ended, this,
+            [this, dialog](const DownloadReport& report) { EndOfDownload(report, dialog->Accepted()); });
     dialog->open();
 }
 
-void LinkCommands::EndOfDownload(const DownloadReport& report) {
+void LinkCommands::EndOfDownload(const DownloadReport& report, const std::vector<std::string>& accepted) {
     for (const FailedLine& failed : report.failed) {
         emit Logged(Say(app_.model.texts, say::kLogRefused, ShownValue(failed.line)));
     }
     emit Logged(Say(app_.model.texts, say::kLogDownload, QString::number(report.accepted),
                     QString::number(report.total), QString::number(report.failed.size())));
-    if (report.end == DownloadReport::End::Complete) {
-        sentAt_ = QTime::currentTime();
-        sentLines_ = session_.Document().Lines();
+    std::set<std::string> parameters;  // lines of a program file look alike and are none
+    for (const KeyValue& line : SentLines(session_.Document(), app_.model.target.Gated())) {
+        parameters.insert(Upper(line.key));
     }
+    for (const std::string& line : accepted) {
+        const std::string key = Upper(line.substr(0, line.find('=')));
+        if (!parameters.contains(key)) continue;
+        sent_[key] = line.substr(key.size() + 1);
+        differing_.erase(key);
+        sentAt_ = QTime::currentTime();
+    }
+    emit Compared(differing_);
     emit SentChanged();
 }
 
 std::optional<LinkCommands::Sent> LinkCommands::LastSent() const {
     if (!sentAt_.isValid()) return std::nullopt;
-    return Sent{sentAt_, Difference(sentLines_, session_.Document().Lines()).Count()};
+    Sent sent{sentAt_};
+    auto gone = sent_;
+    for (const KeyValue& line : SentLines(session_.Document(), app_.model.target.Gated())) {
+        const std::string key = Upper(line.key);
+        const auto before = sent_.find(key);
+        if (before == sent_.end()) {
+            ++sent.notSent;
+        } else if (before->second != line.value) {
+            ++sent.changesSince;
+        }
+        gone.erase(key);
+    }
+    sent.changesSince += gone.size();
+    return sent;
 }
 
 void LinkCommands::Read() {
@@ -143,19 +169,22 @@ void LinkCommands::ReadNow() {
         window_,
         {Text(say::kUploadFile), files_.Folder(), files_.ConfigurationFilters(), QStringLiteral("mrn")});
     if (path.isEmpty() || !AskReplace(dialogs_, texts, window_, path)) return;
-    if (const auto report = FetchDump()) OpenRead(path, report->text);
+    const auto before = session_.Document().Lines();
+    const auto report = FetchDump();
+    if (!report) return;
+    emit Logged(Say(texts, say::kLogRead, QString::number(report->text.size())));
+    try {
+        WriteUpload(app_.files, texts, Utf8(QDir::toNativeSeparators(path)), report->text);
+    } catch (const Error& error) {
+        return Fail(error);
+    }
+    // What was discarded before is not asked for again; what was edited meanwhile is.
+    if (before == session_.Document().Lines() || files_.MayLeave()) OpenRead(path);
 }
 
 // The reply goes into the file as it came. It has no checksum, so the file is opened without the checks;
 // what could not be kept stands in the read report.
-void LinkCommands::OpenRead(const QString& path, const std::string& text) {
-    const ResourceTexts& texts = app_.model.texts;
-    emit Logged(Say(texts, say::kLogRead, QString::number(text.size())));
-    try {
-        WriteUpload(app_.files, texts, Utf8(QDir::toNativeSeparators(path)), text);
-    } catch (const Error& error) {
-        return Fail(error);
-    }
+void LinkCommands::OpenRead(const QString& path) {
     if (!files_.OpenPath(path, true)) return;
     const int answer = dialogs_.Ask(window_, {Tone::Question,
                                               Text(say::kCheckTitle),
@@ -191,7 +220,7 @@ std::optional<UploadReport> LinkCommands::FetchDump() {
 }
 
 void LinkCommands::Compare() {
-    WithConnection([this] { CompareNow(); });
+    if (files_.FinishInput()) WithConnection([this] { CompareNow(); });
 }
 
 void LinkCommands::CompareNow() {
@@ -200,9 +229,9 @@ void LinkCommands::CompareNow() {
     CIndicator indicator(app_.model);
     indicator.LoadText(report->text, "DUMPALL");
     const ChangeSet changes = AgainstIndicator(session_.Document(), report->text, app_.model.target.Gated());
-    std::set<std::string> differing;
-    for (const Change& change : changes.Changes()) differing.insert(Upper(change.key));
-    emit Compared(differing);
+    differing_.clear();
+    for (const Change& change : changes.Changes()) differing_.insert(Upper(change.key));
+    emit Compared(differing_);
     auto* dialog = new frmCompare(changes, session_.Document(), indicator,
                                   {Text(say::kCompareTitle), Text(say::kDocumentSide),
                                    Text(say::kIndicatorSide), Text(say::kCompareSame)},

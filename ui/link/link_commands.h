@@ -2,6 +2,7 @@
 
 #include <QTime>
 #include <functional>
+#include <map>
 #include <optional>
 #include <set>
 #include <string>
@@ -33,10 +34,12 @@ class LinkCommands : public QObject {
     void Read();
     void Compare();
 
-    // When the document was last sent to the indicator, and how many parameters were changed since.
+    // When something of the document was last sent to this indicator; how many of the lines sent are
+    // others now, and how many it would get and never got (parts that were not chosen, lines refused).
     struct Sent {
         QTime at;
         std::size_t changesSince = 0;
+        std::size_t notSent = 0;
     };
     std::optional<Sent> LastSent() const;
 
@@ -55,8 +58,9 @@ class LinkCommands : public QObject {
     void ReadNow();
     void CompareNow();
     std::optional<UploadReport> FetchDump();
-    void OpenRead(const QString& path, const std::string& text);
-    void EndOfDownload(const DownloadReport& report);
+    void OpenRead(const QString& path);
+    void EndOfDownload(const DownloadReport& report, const std::vector<std::string>& accepted);
+    void ForgetSent();
     void Fail(const Error& error);
     QString Text(int number) const;
 
@@ -67,7 +71,8 @@ class LinkCommands : public QObject {
     LinkDesk& desk_;
     QWidget* window_;
     QTime sentAt_;
-    std::vector<KeyValue> sentLines_;
+    std::map<std::string, std::string> sent_;  // values that the indicator has accepted, by key in capitals
+    std::set<std::string> differing_;          // keys, as last told
 };
 
 }  // namespace calyx::ui

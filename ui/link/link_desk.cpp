@@ -1,5 +1,7 @@
 #include "ui/link/link_desk.h"
 
+#include <QScopeGuard>
+
 #include "comm/transport_factory.h"
 #include "model/language/text.h"
 #include "ui/text.h"
@@ -51,11 +53,35 @@ void LinkDesk::OpenLink() {
     giveUp_ = false;
     connected_ = false;
     app_.cancel = false;
+    const auto end = qScopeGuard([this] {
+        giveUp_ = false;
+        if (!connected_) CloseQuietly();
+    });
     link_->Connect();
-    identification_ = ShownValue(Trim(link_->ReadVersion(app_.model.target)));
+    identification_ = ShownValue(Identify());
     connected_ = true;
+    where_ = Simulated() ? Say(app_.model.texts, say::kWhereSimulated) : Address();
     emit Logged(Say(app_.model.texts, say::kLogIdentified, identification_));
+    emit Opened();
     emit DeviceChanged();
+}
+
+// An indicator that does not tell its version is not known well enough to send it anything.
+std::string LinkDesk::Identify() {
+    const std::string version(Trim(link_->ReadVersion(app_.model.target)));
+    if (!version.empty()) return version;
+    const ResourceTexts& texts = app_.model.texts;
+    throw Error(code::kLink, "Calyx.LinkDesk.Open",
+                giveUp_ ? texts.Text(say::kGivenUp) : texts.Format(code::kLink, {Utf8(Address())}));
+}
+
+// While another error is on its way.
+void LinkDesk::CloseQuietly() {
+    try {
+        link_->Disconnect();
+    } catch (const Error& error) {
+        app_.Record(error);
+    }
 }
 
 void LinkDesk::NoticeLoss() {
@@ -71,8 +97,8 @@ void LinkDesk::Close() {
     emit DeviceChanged();
 }
 
-QString LinkDesk::Where() const {
-    const LinkSettings settings = const_cast<DeskLinkSettings&>(settings_).Load();
+QString LinkDesk::Address() {
+    const LinkSettings settings = settings_.Load();
     return Shown(settings.host) + QLatin1Char(':') + QString::number(settings.tcpPort);
 }
 
@@ -88,6 +114,10 @@ void LinkDesk::DisconnectedFromIndicator() {
 }
 
 void LinkDesk::AutoDetecting(const std::string&, bool& cancel) {
+    cancel |= giveUp_;
+}
+
+void LinkDesk::CancelGetData(bool& cancel) {
     cancel |= giveUp_;
 }
 

@@ -23,18 +23,19 @@ class LinkDesk : public QObject, private ILinkEvents {
     explicit LinkDesk(AppContext& app);
     ~LinkDesk() override;
 
-    // Connects, reads the version and lets the target version follow it. Raise 12801.
+    // Connects, reads the version and lets the target version follow it. Raise 12801; then the link is
+    // closed.
     void Open(const std::string& host, std::uint16_t port);
     void OpenSimulated();  // starts the simulated indicator if need be; it keeps what it holds
     void GiveUpOpening() { giveUp_ = true; }
-    void Close();
+    void Close();  // raises 12801 when the wire makes trouble; it is closed all the same
 
     // Takes notice of a link that the other end has closed; done by itself every second too.
     void NoticeLoss();
     bool Connected() const { return connected_ && link_->Connected(); }
     bool Simulated() const { return settings_.Simulated(); }
     const QString& Identification() const { return identification_; }  // "V3.10.02 MERRIN"
-    QString Where() const;                                             // "127.0.0.1:10001"
+    const QString& Where() const { return where_; }  // "10.0.0.9:10001", "the simulated indicator"
     CIndicatorComm& Link() { return *link_; }
     sim::TcpSimulator* Simulator() { return simulator_.get(); }  // nothing until it was used
 
@@ -52,15 +53,20 @@ class LinkDesk : public QObject, private ILinkEvents {
     bool Busy() const { return uses_ > 0; }
 
   signals:
+    void Opened();  // another connection
     void DeviceChanged();
     void Logged(const QString& line);
 
   private:
     void OpenLink();
+    std::string Identify();
+    void CloseQuietly();
+    QString Address();
 
     void ConnectToIndicator(const std::string& description) override;
     void DisconnectedFromIndicator() override;
     void AutoDetecting(const std::string& settings, bool& cancel) override;
+    void CancelGetData(bool& cancel) override;
     void Sending(const std::string& line) override;
     void ReceivedResponse() override;
 
@@ -71,7 +77,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     std::unique_ptr<ITransportFactory> transports_;
     std::unique_ptr<CIndicatorComm> link_;
     std::unique_ptr<sim::TcpSimulator> simulator_;
-    QString identification_;
+    QString identification_, where_;
     bool connected_ = false;
     bool giveUp_ = false;
     int uses_ = 0;

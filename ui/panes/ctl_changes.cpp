@@ -17,7 +17,8 @@ ctlChanges::ctlChanges(DocumentSession& session)
     setObjectName(QStringLiteral("ctlChanges"));
     SetEmptyText(Say(session.Context().texts, say::kNoChanges));
     connect(this, &PaneList::Acted, this, [this](const QString& key) {
-        session_.RevertParameter(KeyBytes(key));
+        if (!session_.RevertParameter(KeyBytes(key)))
+            emit session_.Told(Say(session_.Context().texts, say::kFollows, key));
         Refresh();  // at once, so that a second click meets the rows as they are now
     });
 }
@@ -35,7 +36,7 @@ void ctlChanges::Refresh() {
         rows.push_back({.cells = {LabelOf(session_.Document(), change.key), Shown(change.key),
                                   side(change.before), side(change.after)},
                         .key = KeyText(change.key),
-                        .action = undo});
+                        .action = session_.CanRevert(change) ? undo : QString()});
     }
     SetRows(std::move(rows));
 }

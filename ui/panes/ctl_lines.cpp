@@ -62,7 +62,7 @@ ctlLines::ctlLines(DocumentSession& session, QWidget* parent)
     list_->setContextMenuPolicy(Qt::ActionsContextMenu);
 
     auto* title = new QLabel(Say(texts, say::kLinesTitle));
-    title->setFont(TextFont(TextSize::Heading));
+    title->setFont(StrongFont());
     auto* head = new QHBoxLayout;
     head->setContentsMargins(metrics::kRelated, metrics::kRelated, metrics::kRelated, metrics::kRelated);
     head->setSpacing(metrics::kRelated);
@@ -101,6 +101,14 @@ ctlLines::ctlLines(DocumentSession& session, QWidget* parent)
 
 void ctlLines::SetPlace(const Place& place) {
     place_ = &place;
+    item_.reset();
+    Refresh();
+    list_->scrollToTop();
+}
+
+void ctlLines::SetItem(const std::optional<ItemRef>& item) {
+    if (item == item_) return;
+    item_ = item;
     Refresh();
     list_->scrollToTop();
 }
@@ -171,7 +179,7 @@ void ctlLines::Refresh() {
     refresh_.stop();
     if (place_ == nullptr) return;
     const QString current = list_->currentIndex().data(LinesModel::kKeyRole).toString();
-    model_->SetLines(LinesOfPlace(session_.Document(), *place_, ViewTarget(), session_.SavedLines()));
+    model_->SetLines(LinesOfPlace(session_.Document(), *place_, item_, ViewTarget(), session_.SavedLines()));
     if (const int row = model_->Find(current); row >= 0 && !list_->currentIndex().isValid()) {
         list_->setCurrentIndex(model_->index(row));
     }

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "ui/document_session.h"
+#include "ui/form/item_ref.h"
 #include "ui/window/places.h"
 
 class QCheckBox;
@@ -26,6 +27,7 @@ class ctlLines : public QWidget {
     explicit ctlLines(DocumentSession& session, QWidget* parent = nullptr);
 
     void SetPlace(const Place& place);
+    void SetItem(const std::optional<ItemRef>& item);  // of the place; nothing: all its lines
     void SelectKey(const QString& key);
 
     // Nothing: as in the file. Otherwise a version prefix, "3.07.".
@@ -52,6 +54,7 @@ class ctlLines : public QWidget {
 
     DocumentSession& session_;
     const Place* place_ = nullptr;
+    std::optional<ItemRef> item_;
     std::optional<std::string> connected_;
     QComboBox* target_;
     QCheckBox* cb2_;

@@ -1,5 +1,8 @@
 #include "ui/panes/ctl_panes.h"
 
+#include <QSplitter>
+#include <QTabBar>
+
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/theme/icons.h"
@@ -29,7 +32,12 @@ ctlPanes::ctlPanes(DocumentSession& session)
     soon_.setInterval(kDelay);
     connect(&soon_, &QTimer::timeout, this, &ctlPanes::Refresh);
     connect(&session_, &DocumentSession::Changed, this, [this] { soon_.start(); });
-    connect(&session_, &DocumentSession::Replaced, this, &ctlPanes::Refresh);
+    connect(&session_, &DocumentSession::Replaced, this, [this] {
+        opened_ = false;
+        Refresh();
+    });
+    connect(this, &QTabWidget::tabBarClicked, this, &ctlPanes::Open);
+    connect(this, &QTabWidget::currentChanged, this, &ctlPanes::Fold);
     connect(&session_, &DocumentSession::Saved, this, &ctlPanes::Refresh);
 }
 
@@ -41,7 +49,40 @@ void ctlPanes::Refresh() {
     ShowCount(report_, say::kReportTab, report_->Count());
     ShowCount(changes_, say::kChangesTab, changes_->Count());
     setTabIcon(indexOf(problems_), problems_->Count() == 0 ? QIcon() : Icon(IconName::Problem));
+    Fold();
     emit Refreshed();
+}
+
+void ctlPanes::Open() {
+    opened_ = true;
+    Fold();
+}
+
+bool ctlPanes::IsEmpty() const {
+    if (currentWidget() == log_) return log_->Text().isEmpty();
+    return static_cast<const PaneList*>(currentWidget())->Count() == 0;
+}
+
+void ctlPanes::Fold() {
+    SetFolded(!opened_ && IsEmpty());
+}
+
+void ctlPanes::SetFolded(bool folded) {
+    if (folded == folded_) return;
+    folded_ = folded;
+    if (folded && isVisible()) openHeight_ = height();
+    const int tabs = tabBar()->sizeHint().height();
+    setMinimumHeight(folded ? tabs : 0);
+    setMaximumHeight(folded ? tabs : QWIDGETSIZE_MAX);
+    // A splitter gives and takes no room by itself.
+    auto* splitter = qobject_cast<QSplitter*>(parentWidget());
+    if (splitter == nullptr) return;
+    QList<int> sizes = splitter->sizes();
+    const int place = splitter->indexOf(this);
+    const int wanted = folded ? tabs : openHeight_;
+    sizes[place == 0 ? 1 : place - 1] += sizes[place] - wanted;
+    sizes[place] = wanted;
+    splitter->setSizes(sizes);
 }
 
 void ctlPanes::ShowCount(QWidget* pane, int caption, int count) {

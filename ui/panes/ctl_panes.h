@@ -12,7 +12,8 @@
 namespace calyx::ui {
 
 // The panes at the bottom, one tab each, with their counts in the tabs. Problems and changes are found a
-// moment after the last edit, so that typing stays swift.
+// moment after the last edit, so that typing stays swift. While the chosen pane is empty only the tabs
+// show; a click on a tab opens it all the same.
 class ctlPanes : public QTabWidget {
     Q_OBJECT
 
@@ -25,6 +26,7 @@ class ctlPanes : public QTabWidget {
     ctlLinkLog& Log() { return *log_; }
 
     void Refresh();  // now
+    void Open();     // shows the chosen pane even when it is empty
 
   signals:
     void Chosen(const QString& key);
@@ -32,6 +34,9 @@ class ctlPanes : public QTabWidget {
 
   private:
     void ShowCount(QWidget* pane, int caption, int count);
+    bool IsEmpty() const;
+    void Fold();
+    void SetFolded(bool folded);
 
     static constexpr int kDelay = 150;  // ms
 
@@ -41,6 +46,9 @@ class ctlPanes : public QTabWidget {
     ctlChanges* changes_;
     ctlLinkLog* log_;
     QTimer soon_;
+    bool opened_ = false;  // by the user, until there is another document
+    bool folded_ = false;
+    int openHeight_ = 160;  // pixels, as it was before it was folded
 };
 
 }  // namespace calyx::ui

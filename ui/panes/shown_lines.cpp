@@ -1,9 +1,10 @@
 #include "ui/panes/shown_lines.h"
 
+#include <algorithm>
 #include <unordered_map>
 
-#include "comm/download_plan.h"
 #include "model/language/text.h"
+#include "ui/link/differences.h"
 
 namespace calyx::ui {
 
@@ -16,16 +17,6 @@ Values ByKey(const std::vector<KeyValue>& lines) {
     values.reserve(lines.size());
     for (const KeyValue& line : lines) values.try_emplace(Upper(line.key), line.value);
     return values;
-}
-
-// What a download with everything chosen would send. The program file has no parameters.
-Values SentValues(const CIndicator& document, const Target& target) {
-    using namespace download_option;
-    DownloadOptions options;
-    options.mask = chkBase | chkCalibration | chkSetpoints | chkWidgets | chkSchemas;
-    std::string text;
-    for (const std::string& line : SendingOrder(document, options, target)) text.append(line).append("\r\n");
-    return ByKey(ReadLines(text));
 }
 
 const Section* SectionOf(const CIndicator& document, std::string_view name) {
@@ -43,20 +34,28 @@ Gate GateOf(const Section& section, std::string_view key) {
     return {};
 }
 
+bool IsOf(const Section& section, const ItemRef& ref, std::string_view key) {
+    const auto items = section.Items();
+    return std::any_of(items.begin(), items.end(), [&](const Item* item) {
+        return item->Title() == ref.kind && item->Number() == ref.number && item->Find(key).has_value();
+    });
+}
+
 }  // namespace
 
-std::vector<ShownLine> LinesOfPlace(const CIndicator& document, const Place& place, const Target& target,
+std::vector<ShownLine> LinesOfPlace(const CIndicator& document, const Place& place,
+                                    const std::optional<ItemRef>& item, const Target& target,
                                     const std::vector<KeyValue>& saved) {
     const Section* section = SectionOf(document, place.section);
     if (section == nullptr) return {};
     std::string state;
     section->AppendState(state);
     const Values before = ByKey(saved);
-    const Values sent = target.all ? Values() : SentValues(document, target);
+    const Values sent = target.all ? Values() : ByKey(SentLines(document, target));
 
     std::vector<ShownLine> lines;
     for (KeyValue& line : ReadLines(state)) {
-        if (!Holds(place, line.key)) continue;
+        if (!Holds(place, line.key) || (item && !IsOf(*section, *item, line.key))) continue;
         ShownLine shown;
         const std::string name = Upper(line.key);
         const auto old = before.find(name);

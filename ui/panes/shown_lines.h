@@ -1,10 +1,12 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "model/document/indicator.h"
+#include "ui/form/item_ref.h"
 #include "ui/window/places.h"
 
 namespace calyx::ui {
@@ -21,7 +23,9 @@ struct ShownLine {
 
 // The lines of a place in file order. With the target "everything" they are those of the file; with
 // another one each says whether a download sends it. `saved` are the lines of the last save.
-std::vector<ShownLine> LinesOfPlace(const CIndicator& document, const Place& place, const Target& target,
+// With an item only its lines.
+std::vector<ShownLine> LinesOfPlace(const CIndicator& document, const Place& place,
+                                    const std::optional<ItemRef>& item, const Target& target,
                                     const std::vector<KeyValue>& saved);
 
 }  // namespace calyx::ui

@@ -58,6 +58,8 @@ std::string_view IconStrokes(IconName name) {
             return "M 5 4 L 1 8 L 5 12 M 11 4 L 15 8 L 11 12 M 9 2 L 7 14";
         case IconName::Info:
             return "O 8 8 7 D 8 4.6 1 M 8 7 L 8 12";
+        case IconName::Question:
+            return "O 8 8 7 M 6 6 Q 6 4 8 4 Q 10 4 10 6 Q 10 8 8 8.4 L 8 9 D 8 11.4 1";
         case IconName::Close:
             return "M 3 3 L 13 13 M 13 3 L 3 13";
         case IconName::Previous:

@@ -12,7 +12,7 @@ enum class IconName {
     Problem, Changed, Differs,                                               // marks on a field
     General, Hardware, Ports, Scales, Setpoints, Tickets, Screens, Prompts,  // sections
     Boxes, Fieldbus, Custom,
-    Info, Close, Calendar, Previous, Next,
+    Info, Question, Close, Calendar, Previous, Next,
 };
 // clang-format on
 inline constexpr int kIconCount = static_cast<int>(IconName::Next) + 1;

@@ -9,7 +9,6 @@ inline constexpr int kGroups = 16;    // between groups
 inline constexpr int kPageEdge = 24;  // around a page
 
 inline constexpr int kControlHeight = 28;  // whatever takes a click
-inline constexpr int kTouchHeight = 36;    // the same in touch mode
 
 inline constexpr int kIconSmall = 16, kIconMedium = 24, kIconLarge = 32;
 

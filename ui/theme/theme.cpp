@@ -26,7 +26,7 @@ QFont Scaled(QFont font, double factor) {
 
 }  // namespace
 
-Theme ApplyTheme(QApplication&, Theme theme) {
+Theme ApplyTheme(QApplication&, Theme theme, StyleMaker make) {
     if (theme == Theme::System) {
         QApplication::setPalette(QPalette());  // ours gone, the platform's shows
         theme =
@@ -35,7 +35,7 @@ Theme ApplyTheme(QApplication&, Theme theme) {
     const Tokens& tokens = TokensOf(theme);
     const QPalette palette = PaletteOf(tokens);
     // NOLINTBEGIN(clang-analyzer-cplusplus.NewDeleteLeaks): the application owns its style
-    QApplication::setStyle(new CalyxStyle(tokens.stroke));
+    QApplication::setStyle(make != nullptr ? make(tokens.stroke) : new CalyxStyle(tokens.stroke));
     QApplication::setPalette(palette);
     // NOLINTEND(clang-analyzer-cplusplus.NewDeleteLeaks)
     QToolTip::setPalette(palette);
@@ -48,7 +48,7 @@ QFont TextFont(TextSize size) {
         case TextSize::Small:
             return Scaled(body, 0.9);
         case TextSize::Heading: {
-            QFont heading = Scaled(body, 1.15);
+            QFont heading = Scaled(body, 1.35);
             heading.setWeight(QFont::DemiBold);
             return heading;
         }
@@ -56,6 +56,12 @@ QFont TextFont(TextSize size) {
             break;
     }
     return body;
+}
+
+QFont StrongFont() {
+    QFont strong = QApplication::font();
+    strong.setWeight(QFont::DemiBold);
+    return strong;
 }
 
 QFont FixedFont() {

@@ -17,9 +17,16 @@ constexpr int kGrip = 5;         // of a divider, of which one pixel is seen
 constexpr int kUnderline = 2;    // of the chosen tab
 constexpr int kSliderInset = 4;  // of a scroll bar
 constexpr int kLeastSlider = 32;
+constexpr int kMenuArrow = 20;  // beside a tool button with a menu
 
 bool Has(const QStyleOption* option, QStyle::StateFlag flag) {
     return option->state.testFlag(flag);
+}
+
+bool HasWordsBesideIcon(const QStyleOption* option) {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    return button != nullptr && button->toolButtonStyle == Qt::ToolButtonTextBesideIcon &&
+           !button->icon.isNull() && !button->text.isEmpty();
 }
 
 bool Upright(const QStyleOption* option) {
@@ -35,6 +42,8 @@ int ChromeStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
             return kCellMargin;
         case PM_SplitterWidth:
             return kGrip;
+        case PM_MenuButtonIndicator:
+            return kMenuArrow;
         case PM_TabBarTabHSpace:
             return 2 * metrics::kGroups;
         case PM_TabBarTabShiftVertical:
@@ -65,6 +74,7 @@ QSize ChromeStyle::sizeFromContents(ContentsType type, const QStyleOption* optio
     const QSize whole = CalyxStyle::sizeFromContents(type, option, size, widget);
     // Room beside the words of a button, and beside a menu's title.
     if (type == CT_PushButton) return whole + QSize(metrics::kRelated, 0);
+    if (type == CT_ToolButton && HasWordsBesideIcon(option)) return whole + QSize(metrics::kRelated, 0);
     if (type == CT_MenuBarItem) return {whole.width(), std::max(whole.height(), metrics::kControlHeight)};
     return whole;
 }
@@ -116,6 +126,12 @@ void ChromeStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
             return painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         case PE_PanelScrollAreaCorner:
             return painter->fillRect(option->rect, option->palette.color(role::kWindow));
+        case PE_IndicatorToolBarSeparator: {
+            const int inset = metrics::kHalf;
+            return painter->fillRect(QRect(option->rect.center().x(), option->rect.top() + inset, 1,
+                                           option->rect.height() - 2 * inset),
+                                     option->palette.color(role::kDivider));
+        }
         case PE_FrameTabWidget:
         case PE_PanelMenuBar:
         case PE_PanelStatusBar:
@@ -142,6 +158,9 @@ void ChromeStyle::drawControl(ControlElement element, const QStyleOption* option
             return DrawProgress(option, painter, true);
         case CE_ProgressBarContents:
             return DrawProgress(option, painter, false);
+        case CE_ToolButtonLabel:
+            if (HasWordsBesideIcon(option)) return DrawToolLabel(option, painter);
+            return CalyxStyle::drawControl(element, option, painter, widget);
         case CE_ToolBar:
         case CE_MenuBarEmptyArea:
             return painter->fillRect(option->rect, option->palette.color(role::kWindow));
@@ -172,6 +191,20 @@ void ChromeStyle::DrawMenuTitle(const QStyleOption* option, QPainter* painter) {
     painter->fillRect(item->rect, item->palette.color(open ? role::kDivider : role::kWindow));
     painter->setPen(item->palette.color(role::kText));
     painter->drawText(item->rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, item->text);
+}
+
+void ChromeStyle::DrawToolLabel(const QStyleOption* option, QPainter* painter) {
+    const auto* button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+    QRect room = button->rect.adjusted(metrics::kHalf, 0, -metrics::kHalf, 0);
+    const bool enabled = Has(option, State_Enabled);
+    const QRect icon(room.left(), room.center().y() - button->iconSize.height() / 2 + 1,
+                     button->iconSize.width(), button->iconSize.height());
+    button->icon.paint(painter, icon, Qt::AlignCenter, enabled ? QIcon::Normal : QIcon::Disabled);
+    room.setLeft(icon.right() + 1 + metrics::kRelated);
+    painter->setFont(button->font);
+    painter->setPen(button->palette.color(enabled ? QPalette::ButtonText : role::kQuietText));
+    painter->drawText(room, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextHideMnemonic | Qt::TextSingleLine,
+                      button->text);
 }
 
 void ChromeStyle::DrawTab(const QStyleOption* option, QPainter* painter) {
@@ -250,12 +283,7 @@ Theme LookOf(const std::string& word) {
 }
 
 void PutOn(QApplication& application, Theme theme) {
-    const Theme taken = ApplyTheme(application, theme);
-    application.setStyle(new ChromeStyle(taken == Theme::HighContrast ? HighContrastTokens().stroke : 1));
-    // A new style brings its own palette; the look's is put back.
-    QApplication::setPalette(PaletteOf(taken == Theme::HighContrast ? HighContrastTokens()
-                                       : taken == Theme::Dark       ? DarkTokens()
-                                                                    : LightTokens()));
+    ApplyTheme(application, theme, [](int stroke) -> QStyle* { return new ChromeStyle(stroke); });
 }
 
 }  // namespace calyx::ui

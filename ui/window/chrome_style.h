@@ -30,6 +30,7 @@ class ChromeStyle final : public CalyxStyle {
   private:
     static void DrawRow(const QStyleOption* option, QPainter* painter);
     static void DrawMenuTitle(const QStyleOption* option, QPainter* painter);
+    static void DrawToolLabel(const QStyleOption* option, QPainter* painter);
     static void DrawTab(const QStyleOption* option, QPainter* painter);
     static void DrawHeading(const QStyleOption* option, QPainter* painter);
     static void DrawDivider(const QStyleOption* option, QPainter* painter);

@@ -1,12 +1,16 @@
 #include "ui/window/ctl_find.h"
 
+#include <QApplication>
+#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListView>
+#include <QPushButton>
 #include <QStandardItemModel>
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "model/language/text.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/theme/icons.h"
@@ -28,6 +32,7 @@ constexpr int kMostRows = 9;  // seen at once
 ctlFind::ctlFind(DocumentSession& session, QWidget* window)
     : session_(session),
       popup_(new FindPopup(window)),
+      filterRow_(new QWidget),
       list_(new QListView),
       note_(new QLabel),
       model_(new QStandardItemModel(this)) {
@@ -54,6 +59,8 @@ ctlFind::ctlFind(DocumentSession& session, QWidget* window)
     auto* column = new QVBoxLayout(popup_);
     column->setContentsMargins(1, 1, 1, 1);
     column->setSpacing(0);
+    MakeFilters();
+    column->addWidget(filterRow_);
     column->addWidget(list_);
     column->addWidget(note_);
     popup_->hide();
@@ -61,8 +68,43 @@ ctlFind::ctlFind(DocumentSession& session, QWidget* window)
     const auto stale = [this] { stale_ = true; };
     connect(&session_, &DocumentSession::Changed, this, stale);
     connect(&session_, &DocumentSession::Replaced, this, stale);
+    connect(&session_, &DocumentSession::Saved, this, stale);
     connect(this, &QLineEdit::textEdited, this, &ctlFind::Search);
     connect(list_, &QListView::clicked, this, &ctlFind::Choose);
+}
+
+void ctlFind::MakeFilters() {
+    auto* row = new QHBoxLayout(filterRow_);
+    row->setContentsMargins(metrics::kRelated, metrics::kRelated, metrics::kRelated, metrics::kRelated);
+    row->setSpacing(metrics::kRelated);
+    for (const int caption : {say::kFilterChanged, say::kFilterNotDefault, say::kFilterProblems}) {
+        auto* filter = new QPushButton(Say(session_.Context().texts, caption));
+        filter->setObjectName(QStringLiteral("findFilter%1").arg(filters_.size()));
+        filter->setCheckable(true);
+        filter->setAutoDefault(false);
+        filter->setFocusPolicy(Qt::TabFocus);  // a click leaves the keys with the box
+        filter->installEventFilter(this);
+        connect(filter, &QPushButton::toggled, this, &ctlFind::Search);
+        row->addWidget(filter);
+        filters_.append(filter);
+    }
+    row->addStretch();
+}
+
+unsigned ctlFind::Filters() const {
+    unsigned chosen = 0;
+    for (qsizetype i = 0; i < filters_.size(); ++i) {
+        if (filters_[i]->isChecked()) chosen |= 1u << i;
+    }
+    return chosen;
+}
+
+Finder::Marks ctlFind::Marks() const {
+    Finder::Marks marks;
+    const ChangeSet sinceSave = session_.ChangesSinceSave();
+    for (const Change& change : sinceSave.Changes()) marks.changed.insert(Upper(change.key));
+    for (const BrokenRule& rule : session_.Document().Validate()) marks.problems.insert(Upper(rule.key));
+    return marks;
 }
 
 QSize ctlFind::sizeHint() const {
@@ -79,9 +121,11 @@ int ctlFind::HitCount() const {
 }
 
 void ctlFind::Search() {
-    if (stale_) finder_.Read(session_.Document());
+    if (stale_) finder_.Read(session_.Document(), Marks());
     stale_ = false;
-    const Finder::Result result = finder_.Find(text(), kMostHits);
+    const unsigned filters = Filters();
+    const bool typed = !text().trimmed().isEmpty();
+    const Finder::Result result = finder_.Find(text(), kMostHits, filters);
     model_->clear();
     for (const Finder::Hit& hit : result.hits) {
         auto* item = new QStandardItem(hit.label);
@@ -93,13 +137,11 @@ void ctlFind::Search() {
         model_->appendRow(item);
     }
     const ResourceTexts& texts = session_.Context().texts;
-    note_->setText(result.hits.empty() ? Say(texts, say::kNothingFound, text())
-                   : result.more > 0   ? Say(texts, say::kFindMore, QString::number(result.more))
-                                       : QString());
-    if (text().trimmed().isEmpty()) {
-        popup_->hide();
-        return;
-    }
+    note_->setText(!typed && filters == 0          ? Say(texts, say::kFilterHint)
+                   : result.hits.empty() && !typed ? Say(texts, say::kFilterNothing)
+                   : result.hits.empty()           ? Say(texts, say::kNothingFound, text())
+                   : result.more > 0               ? Say(texts, say::kFindMore, QString::number(result.more))
+                                                   : QString());
     list_->setCurrentIndex(model_->index(0, 0));
     ShowList();
 }
@@ -147,9 +189,7 @@ void ctlFind::keyPressEvent(QKeyEvent* event) {
         case Qt::Key_Enter:
             return popup_->isVisible() ? Choose(list_->currentIndex()) : Search();
         case Qt::Key_Escape:
-            popup_->hide();
-            emit Left();
-            return;
+            return Leave();
         default:
             QLineEdit::keyPressEvent(event);
     }
@@ -157,12 +197,38 @@ void ctlFind::keyPressEvent(QKeyEvent* event) {
 
 void ctlFind::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
-    if (!text().trimmed().isEmpty()) Search();
+    Search();
+}
+
+// From the box to the filters, which lie in a sheet of their own.
+bool ctlFind::focusNextPrevChild(bool next) {
+    if (!next || !popup_->isVisible()) return QLineEdit::focusNextPrevChild(next);
+    filters_.front()->setFocus(Qt::TabFocusReason);
+    return true;
+}
+
+void ctlFind::Leave() {
+    popup_->hide();
+    emit Left();
+}
+
+// The keys of a filter that has the focus.
+bool ctlFind::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
+        Leave();
+        return true;
+    }
+    if (event->type() == QEvent::FocusOut) {
+        QWidget* now = QApplication::focusWidget();
+        if (now != this && (now == nullptr || !popup_->isAncestorOf(now))) popup_->hide();
+    }
+    return QLineEdit::eventFilter(watched, event);
 }
 
 void ctlFind::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
-    popup_->hide();
+    QWidget* now = QApplication::focusWidget();
+    if (now == nullptr || !popup_->isAncestorOf(now)) popup_->hide();
 }
 
 }  // namespace calyx::ui

@@ -8,11 +8,13 @@
 
 class QLabel;
 class QListView;
+class QPushButton;
 class QStandardItemModel;
 
 namespace calyx::ui {
 
-// The find box. What fits shows below it as one types; Enter goes to the chosen one, Esc leaves.
+// The find box. What fits shows below it as one types, below the filters that Tab leads to; Enter goes to
+// the chosen one, Esc leaves.
 class ctlFind : public QLineEdit {
     Q_OBJECT
 
@@ -23,6 +25,7 @@ class ctlFind : public QLineEdit {
     void Begin();  // takes the keys; what was typed before is marked
     int HitCount() const;
     QSize sizeHint() const override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   signals:
     void Chosen(const QString& key);
@@ -32,11 +35,16 @@ class ctlFind : public QLineEdit {
     void keyPressEvent(QKeyEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
 
   private:
     static constexpr std::size_t kMostHits = 50;
 
+    void MakeFilters();
+    unsigned Filters() const;
+    Finder::Marks Marks() const;
     void Search();
+    void Leave();
     void ShowList();
     void Choose(const QModelIndex& index);
     void Move(int rows);
@@ -45,6 +53,8 @@ class ctlFind : public QLineEdit {
     Finder finder_;
     bool stale_ = true;
     QFrame* popup_;
+    QWidget* filterRow_;
+    QList<QPushButton*> filters_;  // in the order of their bits
     QListView* list_;
     QLabel* note_;
     QStandardItemModel* model_;

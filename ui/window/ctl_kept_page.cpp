@@ -1,5 +1,6 @@
 #include "ui/window/ctl_kept_page.h"
 
+#include <QApplication>
 #include <QHeaderView>
 #include <QLabel>
 #include <QPushButton>
@@ -14,6 +15,24 @@
 #include "ui/window/kept_model.h"
 
 namespace calyx::ui {
+
+namespace {
+
+// What a place is for, by its title.
+QString PurposeOf(const ResourceTexts& texts, const Place& place) {
+    const struct {
+        int title, purpose;
+    } all[] = {{2121, say::kForHardware}, {say::kPorts, say::kForPorts}, {2122, say::kForScales},
+               {2127, say::kForBoxes},    {2125, say::kForSetpoints},    {2123, say::kForTickets},
+               {2124, say::kForScreens},  {2128, say::kForFieldbus},     {2120, say::kForPrompts},
+               {2126, say::kForCustom}};
+    for (const auto& one : all) {
+        if (one.title == place.title) return Say(texts, one.purpose);
+    }
+    return {};
+}
+
+}  // namespace
 
 ctlKeptPage::ctlKeptPage(DocumentSession& session, const Place& place)
     : session_(session),
@@ -51,6 +70,11 @@ ctlKeptPage::ctlKeptPage(DocumentSession& session, const Place& place)
     connect(&session_, &DocumentSession::Changed, this, &ctlKeptPage::BecomeStale);
     connect(&session_, &DocumentSession::Replaced, this, &ctlKeptPage::BecomeStale);
     connect(&session_, &DocumentSession::Saved, this, &ctlKeptPage::BecomeStale);
+    // A value that is still being edited in its row is taken when the list gets the keys.
+    connect(&session_, &DocumentSession::Finishing, this, [this] {
+        QWidget* focus = QApplication::focusWidget();
+        if (focus != nullptr && focus != view_ && view_->isAncestorOf(focus)) view_->setFocus();
+    });
     connect(view_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex& now) {
                 if (view_->hasFocus() && now.isValid()) emit KeyFocused(model_->KeyAt(now.row()));
@@ -70,9 +94,10 @@ void ctlKeptPage::BecomeStale() {
 QWidget* ctlKeptPage::MakeEmptyState() {
     const ResourceTexts& texts = session_.Context().texts;
     auto* state = new QWidget;
-    auto* what = new QLabel(Say(texts, say::kKeptEmpty, Say(texts, place_.title)));
+    auto* what = new QLabel(PurposeOf(texts, place_));
     what->setWordWrap(true);
-    auto* hint = new QLabel(Say(texts, say::kKeptEmptyHint));
+    auto* hint = new QLabel(Say(texts, say::kKeptEmpty, Say(texts, place_.title)) + QLatin1Char(' ') +
+                            Say(texts, say::kKeptEmptyHint));
     hint->setForegroundRole(role::kQuietText);
     hint->setWordWrap(true);
     auto* open = new QPushButton(Say(texts, say::kOpenFile));

@@ -1,6 +1,8 @@
 #include "ui/window/ctl_pages.h"
 
+#include <QAbstractScrollArea>
 #include <QLabel>
+#include <QScrollBar>
 #include <QStackedWidget>
 #include <QVBoxLayout>
 
@@ -10,8 +12,12 @@
 
 namespace calyx::ui {
 
-ctlPages::ctlPages(DocumentSession& session)
-    : session_(session), heading_(new QLabel), stack_(new QStackedWidget) {
+ctlPages::ctlPages(DocumentSession& session, PageTools tools)
+    : session_(session),
+      tools_(std::move(tools)),
+      heading_(new QLabel),
+      divider_(new QWidget),
+      stack_(new QStackedWidget) {
     setObjectName(QStringLiteral("ctlPages"));
     heading_->setObjectName(QStringLiteral("pageHeading"));
     heading_->setFont(TextFont(TextSize::Heading));
@@ -21,7 +27,10 @@ ctlPages::ctlPages(DocumentSession& session)
     auto* head = new QVBoxLayout;
     head->setContentsMargins(metrics::kPageEdge, metrics::kGroups, metrics::kPageEdge, metrics::kRelated);
     head->addWidget(heading_);
+    divider_->setFixedHeight(1);
+    divider_->setAutoFillBackground(true);
     column->addLayout(head);
+    column->addWidget(divider_);
     column->addWidget(stack_, 1);
 }
 
@@ -29,6 +38,13 @@ void ctlPages::Show(const Place& place) {
     place_ = &place;
     heading_->setText(Say(session_.Context().texts, place.title));
     stack_->setCurrentWidget(PageOf(place).widget);
+    ShowDivider();
+}
+
+void ctlPages::ShowDivider() {
+    const auto* area = qobject_cast<QAbstractScrollArea*>(stack_->currentWidget());
+    const bool scrolled = area != nullptr && area->verticalScrollBar()->value() > 0;
+    divider_->setBackgroundRole(scrolled ? role::kDivider : role::kWindow);
 }
 
 bool ctlPages::FocusKey(const QString& key) {
@@ -53,9 +69,14 @@ const Page& ctlPages::PageOf(const Place& place) {
     if (found != pages_.end()) return found->second;
     const PageEvents events{[this](const QString& key) { emit KeyFocused(key); },
                             [this](const QString& key) { emit ShowInLines(key); },
-                            [this] { emit OpenWanted(); }, [this] { emit ReadWanted(); }};
-    const Page page = MakePageOf(session_, place, events);
+                            [this] { emit OpenWanted(); },
+                            [this] { emit ReadWanted(); },
+                            [this](const QString& key) { emit ParameterWanted(key); },
+                            [this](const auto& item) { emit ItemShown(item); }};
+    const Page page = MakePageOf(session_, place, tools_, events);
     stack_->addWidget(page.widget);
+    if (auto* area = qobject_cast<QAbstractScrollArea*>(page.widget))
+        connect(area->verticalScrollBar(), &QScrollBar::valueChanged, this, &ctlPages::ShowDivider);
     if (!differing_.empty()) page.setDiffering(differing_);
     return pages_.emplace(&place, page).first->second;
 }

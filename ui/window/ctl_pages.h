@@ -16,7 +16,7 @@ class ctlPages : public QWidget {
     Q_OBJECT
 
   public:
-    explicit ctlPages(DocumentSession& session);
+    ctlPages(DocumentSession& session, PageTools tools);
 
     void Show(const Place& place);
     // Shows the field of a key on the present page. False: it has none.
@@ -29,15 +29,20 @@ class ctlPages : public QWidget {
     void ShowInLines(const QString& key);
     void OpenWanted();
     void ReadWanted();
+    void ParameterWanted(const QString& key);
+    void ItemShown(const std::optional<calyx::ui::ItemRef>& item);
 
   private:
     const Page& PageOf(const Place& place);
+    void ShowDivider();
 
     DocumentSession& session_;
+    const PageTools tools_;
     const Place* place_ = nullptr;
     std::map<const Place*, Page> pages_;
     std::set<std::string> differing_;
     QLabel* heading_;
+    QWidget* divider_;  // seen when the page is scrolled below the heading
     QStackedWidget* stack_;
 };
 

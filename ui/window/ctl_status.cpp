@@ -8,6 +8,7 @@
 #include "ui/texts.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/tokens.h"
+#include "ui/window/elided_label.h"
 
 namespace calyx::ui {
 
@@ -18,11 +19,10 @@ ctlStatus::ctlStatus(const ResourceTexts& texts) {
     file_ = AddFact("statusFile", Say(texts, say::kFileFactName));
     device_ = AddFact("statusDevice", Say(texts, say::kDeviceFactName));
     target_ = AddFact("statusTarget", Say(texts, say::kTargetFactName));
-    message_ = new QLabel;
+    message_ = new ElidedLabel(Qt::ElideRight);
     message_->setObjectName(QStringLiteral("statusMessage"));
     message_->setForegroundRole(role::kQuietText);
     message_->setMinimumWidth(0);
-    message_->setTextFormat(Qt::PlainText);
     message_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     message_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row->addWidget(message_, 1);
@@ -40,20 +40,23 @@ QLabel* ctlStatus::AddFact(const char* name, const QString& accessible) {
         divider->setForegroundRole(role::kDivider);
         row->addWidget(divider);
     }
-    auto* fact = new QLabel;
+    auto* fact = new ElidedLabel(Qt::ElideMiddle);
+    fact->setAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    fact->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     fact->setObjectName(QLatin1String(name));
     fact->setAccessibleDescription(accessible);
-    fact->setTextFormat(Qt::PlainText);
     row->addWidget(fact);
     return fact;
 }
 
 void ctlStatus::SetFile(const QString& words) {
     file_->setText(words);
+    file_->setToolTip(words);
 }
 
 void ctlStatus::SetDevice(const QString& words) {
     device_->setText(words);
+    device_->setToolTip(words);
 }
 
 void ctlStatus::SetTarget(const QString& words) {

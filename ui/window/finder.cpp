@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "model/language/text.h"
 #include "ui/text.h"
 
 namespace calyx::ui {
@@ -25,7 +26,7 @@ int RankOfWord(const Finder::Hit& hit, const QString& written, const QString& he
 
 }  // namespace
 
-void Finder::Read(const CIndicator& document) {
+void Finder::Read(const CIndicator& document, const Marks& marks) {
     const ResourceTexts& texts = document.Context().texts;
     entries_.clear();
     for (const Section* section : document.Sections()) {
@@ -33,17 +34,35 @@ void Finder::Read(const CIndicator& document) {
         for (const Item* item : section->Items()) {
             const std::string itemTitle = section->ItemTitle(*item);
             const QString where = itemTitle.empty() ? title : title + QStringLiteral(", ") + Shown(itemTitle);
-            for (std::size_t row = 0; row < item->RowCount(); ++row) {
-                const More& more = item->Info(row).more;
-                const QString key = KeyText(item->Key(row));
-                const QString group =
-                    more.group == 0 ? QString() : QStringLiteral(" · ") + Say(texts, more.group);
-                entries_.push_back({{key, more.label == 0 ? key : Say(texts, more.label),
-                                     ShownValue(DisplayText(*item, row)), where + group},
-                                    ShownValue(item->Text(row)),
-                                    more.help == 0 ? QString() : Say(texts, more.help)});
-            }
+            ReadItem(*item, where, marks, texts);
         }
+    }
+}
+
+void Finder::ReadItem(const Item& item, const QString& where, const Marks& marks,
+                      const ResourceTexts& texts) {
+    const std::vector<bool> written = item.WrittenRows();
+    const auto initial = item.Clone();
+    for (std::size_t row = 0; row < item.RowCount(); ++row) {
+        const More& more = item.Info(row).more;
+        const std::string name = item.Key(row), text = item.Text(row);
+        const QString key = KeyText(name);
+        const QString group = more.group == 0 ? QString() : QStringLiteral(" · ") + Say(texts, more.group);
+        // Only what a page shows has a default that somebody could want back.
+        bool differs = false;
+        if (written[row] && more.group != 0 && more.use != Use::ReadOnly) {
+            initial->Take(row, item.InitialText(row));
+            differs = initial->Text(row) != text;
+        }
+        const std::string capitals = Upper(name);
+        const unsigned holds = (marks.changed.contains(capitals) ? kChanged : 0u) |
+                               (differs ? kNotDefault : 0u) |
+                               (marks.problems.contains(capitals) ? kProblems : 0u);
+        entries_.push_back({{key, more.label == 0 ? key : Say(texts, more.label),
+                             ShownValue(DisplayText(item, row)), where + group},
+                            ShownValue(text),
+                            more.help == 0 ? QString() : Say(texts, more.help),
+                            holds});
     }
 }
 
@@ -55,11 +74,12 @@ int Finder::RankOf(const Entry& entry, const QStringList& words) {
     return rank;
 }
 
-Finder::Result Finder::Find(const QString& typed, std::size_t most) const {
+Finder::Result Finder::Find(const QString& typed, std::size_t most, unsigned filters) const {
     const QStringList words = typed.split(QLatin1Char(' '), Qt::SkipEmptyParts);
     Result result;
-    if (words.isEmpty()) return result;
+    if (words.isEmpty() && filters == 0) return result;
     for (const Entry& entry : entries_) {
+        if ((entry.holds & filters) != filters) continue;
         const int rank = RankOf(entry, words);
         if (rank == kNowhere) continue;
         result.hits.push_back(entry.hit);

@@ -2,6 +2,8 @@
 
 #include <QString>
 #include <QStringList>
+#include <set>
+#include <string>
 #include <vector>
 
 #include "model/document/indicator.h"
@@ -24,16 +26,25 @@ class Finder {
         std::size_t more = 0;   // that were left out
     };
 
+    // Which parameters are listed: those of which all the chosen ones hold.
+    enum Filter : unsigned { kChanged = 1, kNotDefault = 2, kProblems = 4 };
+    struct Marks {
+        std::set<std::string> changed, problems;  // keys in capitals
+    };
+
     // Takes the document's parameters as they are now.
-    void Read(const CIndicator& document);
-    Result Find(const QString& typed, std::size_t most) const;
+    void Read(const CIndicator& document, const Marks& marks = {});
+    // With filters nothing need be typed.
+    Result Find(const QString& typed, std::size_t most, unsigned filters = 0) const;
 
   private:
     struct Entry {
         Hit hit;
         QString written;  // the value as its line has it
         QString help;
+        unsigned holds = 0;  // of the filters
     };
+    void ReadItem(const Item& item, const QString& where, const Marks& marks, const ResourceTexts& texts);
     static int RankOf(const Entry& entry, const QStringList& words);
 
     std::vector<Entry> entries_;

@@ -7,6 +7,7 @@
 #include <QHBoxLayout>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QResizeEvent>
 #include <QStatusBar>
 #include <QTimer>
 #include <QToolBar>
@@ -19,6 +20,10 @@
 
 namespace calyx::ui {
 
+namespace {
+constexpr int kWideEnough = 1000;  // pixels, for the lines beside the page
+}
+
 frmMain::frmMain(AppContext& app, Dialogs& dialogs)
     : app_(app),
       dialogs_(dialogs),
@@ -28,7 +33,9 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
       link_(app, session_, files_, dialogs, desk_, this),
       actions_(new MainActions(app.model.texts, this)),
       navigation_(new ctlNavigation(app.model.texts, app.settings)),
-      pages_(new ctlPages(session_)),
+      pages_(
+          new ctlPages(session_, {[this](const Question& question) { return dialogs_.Ask(this, question); },
+                                  app.folders.userData + "streams.ini"})),
       lines_(new ctlLines(session_)),
       panes_(new ctlPanes(session_)),
       find_(new ctlFind(session_, this)),
@@ -124,6 +131,7 @@ void frmMain::ConnectCommands() {
     on(actions_->linkRead, [this] { link_.Read(); });
     on(actions_->linkCompare, [this] { link_.Compare(); });
     on(actions_->toolsCheck, [this] { Check(); });
+    on(actions_->helpContents, [this] { ShowHelpContents(); });
     on(actions_->helpParameters, [this] { ShowParameterReference(); });
     on(actions_->helpKeyboard, [this] { ShowKeyboard(); });
     on(actions_->helpAbout, [this] { About(); });
@@ -134,11 +142,13 @@ void frmMain::ConnectViews() {
     connect(navigation_, &ctlNavigation::PlaceChosen, this, &frmMain::ShowPlace);
     connect(pages_, &ctlPages::KeyFocused, lines_, &ctlLines::SelectKey);
     connect(pages_, &ctlPages::ShowInLines, this, [this](const QString& key) {
-        actions_->viewLines->setChecked(true);
+        ShowLines(true);
         lines_->SelectKey(key);
     });
     connect(pages_, &ctlPages::OpenWanted, actions_->fileOpen, &QAction::trigger);
     connect(pages_, &ctlPages::ReadWanted, actions_->linkRead, &QAction::trigger);
+    connect(pages_, &ctlPages::ParameterWanted, this, &frmMain::ShowParameter);
+    connect(pages_, &ctlPages::ItemShown, lines_, &ctlLines::SetItem);
     connect(lines_, &ctlLines::Chosen, this, [this](const QString& key) { pages_->FocusKey(key); });
     connect(lines_, &ctlLines::Told, status_, &ctlStatus::ShowMessage);
     connect(panes_, &ctlPanes::Chosen, this, &frmMain::ShowParameter);
@@ -150,6 +160,7 @@ void frmMain::ConnectViews() {
     connect(find_, &ctlFind::Left, pages_, &ctlPages::FocusPage);
 
     connect(&session_, &DocumentSession::GoTo, this, &frmMain::ShowParameter);
+    connect(&session_, &DocumentSession::Told, status_, &ctlStatus::ShowMessage);
     const auto documentChanged = [this] {
         ShowTitle();
         ShowSteps();
@@ -208,8 +219,29 @@ void frmMain::closeEvent(QCloseEvent* event) {
         app_.settings.Save();
     } catch (const Error& error) {
         app_.Record(error);
+        TellError(dialogs_, app_.model.texts, this, Text(say::kSettingsTitle), error);
     }
     event->accept();
+}
+
+// Asked for, it is shown on a narrow window too.
+void frmMain::ShowLines(bool shown) {
+    actions_->viewLines->setChecked(shown);
+    lines_->setVisible(shown);
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    const int before = event->oldSize().width(), now = event->size().width();
+    const bool crossed = before < 0 || (before < kWideEnough) != (now < kWideEnough);
+    if (crossed) lines_->setVisible(actions_->viewLines->isChecked() && now >= kWideEnough);
+}
+
+bool frmMain::event(QEvent* event) {
+    // The system has gone over to another look. Later, since it is still on its way through the windows.
+    if (event->type() == QEvent::ThemeChange && app_.settings.Theme.empty())
+        QTimer::singleShot(0, this, [this] { SetLook({}); });
+    return QMainWindow::event(event);
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {

@@ -45,6 +45,8 @@ class frmMain : public QMainWindow {
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+    bool event(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     void MakeWindow();
@@ -65,11 +67,13 @@ class frmMain : public QMainWindow {
     void Undo();
     void Redo();
     void Check();
+    void ShowHelpContents();
     void About();
     void ShowDevice();
     void ShowParameterReference();
     void ShowKeyboard();
     void OpenDropped(const QStringList& files);
+    void ShowLines(bool shown);
     QString FileFact() const;
     QString DeviceFact() const;
     QString Text(int number) const { return Say(app_.model.texts, number); }

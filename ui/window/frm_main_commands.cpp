@@ -2,10 +2,12 @@
 
 #include <QActionGroup>
 #include <QApplication>
+#include <QDesktopServices>
 #include <QFileInfo>
 #include <QLocale>
 #include <QMenu>
 #include <QToolButton>
+#include <QUrl>
 
 #include "app/version.h"
 #include "ui/dialogs/frm_keyboard.h"
@@ -34,8 +36,8 @@ QString VersionName(const std::string& prefix) {
 
 void frmMain::ShowPlace(const Place& place) {
     session_.EndTyping();
-    pages_->Show(place);
     lines_->SetPlace(place);
+    pages_->Show(place);
 }
 
 void frmMain::ShowParameter(const QString& key) {
@@ -49,6 +51,7 @@ void frmMain::ShowParameter(const QString& key) {
 void frmMain::ShowPane(QWidget* pane) {
     actions_->viewPanes->setChecked(true);
     panes_->setCurrentWidget(pane);
+    panes_->Open();
 }
 
 void frmMain::ShowTitle() {
@@ -128,9 +131,10 @@ QString frmMain::DeviceFact() const {
     const auto sent = link_.LastSent();
     if (!sent) return fact;
     const QString at = ClockWords(sent->at);
-    return sent->changesSince == 0
+    fact = sent->changesSince == 0
                ? Say(texts, say::kFactSent, fact, at)
                : Say(texts, say::kFactSentSince, fact, at, QString::number(sent->changesSince));
+    return sent->notSent == 0 ? fact : Say(texts, say::kFactNotSent, fact, QString::number(sent->notSent));
 }
 
 void frmMain::ShowFacts() {
@@ -160,7 +164,8 @@ void frmMain::FillRecent() {
     for (qsizetype i = 0; i < files.size(); ++i) {
         QString name = files[i];
         name.replace(QLatin1Char('&'), QStringLiteral("&&"));
-        QAction* action = actions_->recent->addAction(QStringLiteral("&%1  %2").arg(i + 1).arg(name));
+        const QString number = i < 9 ? QStringLiteral("&%1").arg(i + 1) : QString::number(i + 1);
+        QAction* action = actions_->recent->addAction(number + QStringLiteral("  ") + name);
         connect(action, &QAction::triggered, this, [this, file = files[i]] {
             if (files_.MayLeave()) files_.OpenPath(file);
         });
@@ -172,12 +177,15 @@ void frmMain::FillRecent() {
 void frmMain::FillLinesShown() {
     QMenu& menu = *actions_->linesShown;
     menu.clear();
+    delete menu.findChild<QActionGroup*>();
+    auto* one = new QActionGroup(&menu);
     const auto add = [&](const QString& caption, const std::optional<std::string>& version) {
         QAction* action = menu.addAction(caption);
         action->setCheckable(true);
+        one->addAction(action);
         action->setChecked(lines_->Version() == version);
         connect(action, &QAction::triggered, this, [this, version] {
-            actions_->viewLines->setChecked(true);
+            ShowLines(true);
             lines_->SetVersion(version);
         });
     };
@@ -200,6 +208,11 @@ void frmMain::SetLook(const QString& word) {
 }
 
 void frmMain::OpenDropped(const QStringList& files) {
+    if (desk_.Busy()) {
+        return Tell(dialogs_, app_.model.texts, this, Tone::Information, Text(say::kBusyTitle),
+                    Text(say::kBusy));
+    }
+    if (QApplication::activeModalWidget() != nullptr) return status_->ShowMessage(Text(say::kDialogInFront));
     if (files.size() == 2) return CompareFiles(files[0], files[1]);
     if (files.size() != 1) return status_->ShowMessage(Text(say::kDroppedMany));
     if (files_.MayLeave()) files_.OpenPath(files[0]);
@@ -227,6 +240,15 @@ void frmMain::ShowParameterReference() {
 
 void frmMain::ShowKeyboard() {
     (new frmKeyboard(app_.model.texts, actions_->All(), this))->open();
+}
+
+void frmMain::ShowHelpContents() {
+    const bool shown =
+        !app_.helpFile.empty() && QDesktopServices::openUrl(QUrl::fromLocalFile(Shown(app_.helpFile)));
+    if (shown) return;
+    Tell(dialogs_, app_.model.texts, this, Tone::Information, Text(say::kNoHelpTitle),
+         app_.helpFile.empty() ? Text(say::kNoHelp)
+                               : Say(app_.model.texts, say::kHelpNotOpened, Shown(app_.helpFile)));
 }
 
 void frmMain::About() {

@@ -80,7 +80,10 @@ bool KeptModel::setData(const QModelIndex& index, const QVariant& value, int rol
     if (role != Qt::EditRole || index.column() != kValueColumn) return false;
     const KeyValue& line = lines_[static_cast<std::size_t>(index.row())];
     const std::string bytes = ValueBytes(OneLine(value.toString()), line.value);
-    return bytes == line.value || !session_.SetParameter(line.key, bytes, false);
+    if (bytes == line.value) return true;
+    const auto refused = session_.SetParameter(line.key, bytes, false);
+    if (refused) emit session_.Told(Shown(*refused));
+    return !refused;
 }
 
 Qt::ItemFlags KeptModel::flags(const QModelIndex& index) const {

@@ -34,10 +34,12 @@ MainActions::MainActions(const ResourceTexts& texts, QObject* parent)
     linkConnect = Make("linkConnect", say::kConnect, {}, IconName::Connect);
     linkSimulated = Make("linkSimulated", say::kSimulated);
     linkDisconnect = Make("linkDisconnect", say::kDisconnect);
-    linkSend = Make("linkSend", say::kSend, Keys(QStringLiteral("Ctrl+Return")), IconName::Send);
+    linkSend = Make("linkSend", say::kSend, {}, IconName::Send);
+    linkSend->setShortcuts({Keys(QStringLiteral("Ctrl+Return")), Keys(QStringLiteral("Ctrl+Enter"))});
     linkRead = Make("linkRead", say::kRead, {}, IconName::Read);
     linkCompare = Make("linkCompare", say::kCompare, {}, IconName::Compare);
     toolsCheck = Make("toolsCheck", say::kCheck, Keys(QStringLiteral("F5")), IconName::Problem);
+    helpContents = Make("helpContents", say::kContents, Keys(Qt::Key_F1));
     helpParameters = Make("helpParameters", say::kParameters);
     helpKeyboard = Make("helpKeyboard", say::kKeyboard);
     helpAbout = Make("helpAbout", say::kAbout, {}, IconName::Info);
@@ -123,7 +125,8 @@ void MainActions::MakeMenus(QMenuBar& bar) {
     indicator->addActions({linkSend, linkRead, linkCompare});
 
     AddMenu(bar, say::kMenuTools, "menuTools")->addAction(toolsCheck);
-    AddMenu(bar, say::kMenuHelp, "menuHelp")->addActions({helpParameters, helpKeyboard, helpAbout});
+    AddMenu(bar, say::kMenuHelp, "menuHelp")
+        ->addActions({helpContents, helpParameters, helpKeyboard, helpAbout});
 }
 
 void MainActions::MakeToolBar(QToolBar& bar) {

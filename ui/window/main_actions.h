@@ -31,7 +31,7 @@ class MainActions : public QObject {
     QAction *viewToolBar, *viewStatusBar, *viewLines, *viewPanes, *viewPrevious, *viewNext;
     QAction *linkConnect, *linkSimulated, *linkDisconnect, *linkSend, *linkRead, *linkCompare;
     QAction* toolsCheck;
-    QAction *helpParameters, *helpKeyboard, *helpAbout;
+    QAction *helpContents, *helpParameters, *helpKeyboard, *helpAbout;
 
     QMenu* recent = nullptr;      // filled by the window
     QMenu* linesShown = nullptr;  // filled by the window

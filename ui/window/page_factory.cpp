@@ -1,6 +1,9 @@
 #include "ui/window/page_factory.h"
 
 #include "ui/form/form_page.h"
+#include "ui/hardware/ctl_hardware.h"
+#include "ui/hardware/ctl_port.h"
+#include "ui/items/ctl_items_page.h"
 #include "ui/window/ctl_kept_page.h"
 
 namespace calyx::ui {
@@ -15,16 +18,56 @@ Page MakeKept(DocumentSession& session, const Place& place, const PageEvents& ev
     return {page, [page](const QString& key) { return page->FocusKey(key); }, [](const auto&) {}};
 }
 
-}  // namespace
-
-Page MakePageOf(DocumentSession& session, const Place& place, const PageEvents& events) {
-    const std::string section(place.section);
-    if (!HasForm(session.Document(), section)) return MakeKept(session, place, events);
-    FormPage* page = MakePage(session, section);
+Page MakeForm(DocumentSession& session, const ItemRef& item, const PageEvents& events) {
+    FormPage* page = MakePage(session, item);
     QObject::connect(page, &FormPage::KeyFocused, page, events.keyFocused);
     QObject::connect(page, &FormPage::ShowInLines, page, events.showInLines);
     return {page, [page](const QString& key) { return page->FocusKey(key); },
             [page](const std::set<std::string>& keys) { page->SetDiffering(keys); }};
+}
+
+Page MakePort(DocumentSession& session, const ItemRef& item, const PageTools& tools,
+              const PageEvents& events) {
+    auto* page = new ctlPort(session, item, tools);
+    QObject::connect(page->Form(), &FormPage::KeyFocused, page, events.keyFocused);
+    QObject::connect(page->Form(), &FormPage::ShowInLines, page, events.showInLines);
+    return {page, [page](const QString& key) { return page->Form()->FocusKey(key); },
+            [page](const std::set<std::string>& keys) { page->Form()->SetDiffering(keys); }};
+}
+
+Page MakeItem(DocumentSession& session, const ItemRef& item, const PageTools& tools,
+              const PageEvents& events) {
+    constexpr int kPort = 4100;  // title of a serial port
+    return item.kind == kPort ? MakePort(session, item, tools, events) : MakeForm(session, item, events);
+}
+
+Page MakeCollection(DocumentSession& session, const Place& place, const PageTools& tools,
+                    const PageEvents& events) {
+    auto* page = new ctlItemsPage(session, place, [&session, &tools, events](const ItemRef& item) {
+        return MakeItem(session, item, tools, events);
+    });
+    QObject::connect(page, &ctlItemsPage::ItemShown, page, events.itemShown);
+    QObject::connect(page, &ctlItemsPage::ParameterWanted, page, events.parameterWanted);
+    return {page, [page](const QString& key) { return page->FocusKey(key); },
+            [page](const std::set<std::string>& keys) { page->SetDiffering(keys); }};
+}
+
+Page MakeHardware(DocumentSession& session, const PageTools& tools, const PageEvents& events) {
+    auto* page = new ctlHardware(session, tools);
+    QObject::connect(page, &ctlHardware::KeyFocused, page, events.keyFocused);
+    QObject::connect(page, &ctlHardware::ParameterWanted, page, events.parameterWanted);
+    return {page, [page](const QString& key) { return page->FocusKey(key); }, [](const auto&) {}};
+}
+
+}  // namespace
+
+Page MakePageOf(DocumentSession& session, const Place& place, const PageTools& tools,
+                const PageEvents& events) {
+    const ItemRef whole{std::string(place.section)};
+    if (place.look == PlaceLook::Board) return MakeHardware(session, tools, events);
+    if (!place.kinds.empty()) return MakeCollection(session, place, tools, events);
+    if (!HasForm(session.Document(), whole)) return MakeKept(session, place, events);
+    return MakeForm(session, whole, events);
 }
 
 }  // namespace calyx::ui

@@ -2,10 +2,13 @@
 
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <set>
 #include <string>
 
+#include "ui/dialogs/dialogs.h"
 #include "ui/document_session.h"
+#include "ui/form/item_ref.h"
 #include "ui/window/places.h"
 
 namespace calyx::ui {
@@ -18,15 +21,25 @@ struct Page {
     std::function<void(const std::set<std::string>& keys)> setDiffering;
 };
 
+// What a page needs of the program. Outlives the pages.
+struct PageTools {
+    std::function<int(const Question& question)> ask;  // place of the button
+    std::string streamsFile;                           // where stream formats are saved
+};
+
 // What a page asks of the window.
 struct PageEvents {
     std::function<void(const QString& key)> keyFocused;
     std::function<void(const QString& key)> showInLines;
     std::function<void()> openWanted;
     std::function<void()> readWanted;
+    std::function<void(const QString& key)> parameterWanted;
+    std::function<void(const std::optional<ItemRef>& item)> itemShown;  // of a collection; nothing: its list
 };
 
-// A form made of the section's rows; the kept lines where the section has none.
-Page MakePageOf(DocumentSession& session, const Place& place, const PageEvents& events);
+// A form made of the section's rows; a list of items for a collection; the kept lines where the section
+// has no rows.
+Page MakePageOf(DocumentSession& session, const Place& place, const PageTools& tools,
+                const PageEvents& events);
 
 }  // namespace calyx::ui

@@ -13,21 +13,46 @@ namespace {
 using namespace std::string_view_literals;
 
 constexpr std::array kPortKeys{"EDP."sv, "STR."sv};
+constexpr std::array kPortKinds{4100};
+constexpr std::array kPortColumns{"ALIAS"sv, "INPUT"sv, "BAUD"sv, "STREAM"sv, "SOURCE"sv};
+constexpr std::array kAnalogKeys{"ALG."sv};
+constexpr std::array kAnalogKinds{4510};
+constexpr std::array kAnalogColumns{"ALIAS"sv, "SOURCE"sv, "MODE"sv, "MIN"sv, "MAX"sv};
+constexpr std::array kDigitalKeys{"DIO."sv};
+constexpr std::array kDigitalKinds{4515, 4516};
+constexpr std::array kScaleKinds{3100};
+constexpr std::array kScaleColumns{"ALIAS"sv, "KIND"sv, "SRC"sv, "PRI.UNITS"sv, "GRADS"sv};
+constexpr std::array kBoxKinds{8100};
+constexpr std::array kBoxColumns{"CONFIG"sv, "SECT_TYPE"sv};
+constexpr std::array kSetpointKinds{3500};
+constexpr std::array kSetpointColumns{"ALIAS"sv, "KIND"sv,  "SOURCE"sv, "VALUE"sv,
+                                      "BATCH"sv, "DSLOT"sv, "DIGOUT"sv};
+// One kind a ticket: each has a name of its own.
+constexpr auto kTicketKinds = [] {
+    std::array<int, 31> kinds{};
+    for (std::size_t i = 0; i < kinds.size(); ++i) kinds[i] = 5001 + static_cast<int>(i);
+    return kinds;
+}();
+constexpr std::array kTicketColumns{"FMT"sv, "PORT"sv};
+constexpr std::array kFieldbusKinds{4560};
+constexpr std::array kFieldbusColumns{"SIZE"sv, "BYTESWAP"sv};
 
 constexpr Place kConfiguration[] = {
     {"general", 2100, IconName::General},
-    {"hardware", 2121, IconName::Hardware},
-    {"hardware", say::kPorts, IconName::Ports, kPortKeys},
+    {"hardware", 2121, IconName::Hardware, {}, {}, {}, 0, PlaceLook::Board},
+    {"hardware", say::kPorts, IconName::Ports, kPortKeys, kPortKinds, kPortColumns},
+    {"hardware", say::kDigital, IconName::Ports, kDigitalKeys, kDigitalKinds},
 };
 constexpr Place kWeighing[] = {
-    {"scales", 2122, IconName::Scales},
-    {"junctionboxes", 2127, IconName::Boxes},
-    {"setpoints", 2125, IconName::Setpoints},
+    {"scales", 2122, IconName::Scales, {}, kScaleKinds, kScaleColumns},
+    {"junctionboxes", 2127, IconName::Boxes, {}, kBoxKinds, kBoxColumns, say::kForBoxes},
+    {"setpoints", 2125, IconName::Setpoints, {}, kSetpointKinds, kSetpointColumns},
 };
 constexpr Place kOutput[] = {
-    {"tickets", 2123, IconName::Tickets},
+    {"tickets", 2123, IconName::Tickets, {}, kTicketKinds, kTicketColumns},
     {"widgets", 2124, IconName::Screens},
-    {"fieldbuscards", 2128, IconName::Fieldbus},
+    {"hardware", say::kAnalog, IconName::Ports, kAnalogKeys, kAnalogKinds, kAnalogColumns, say::kNoAnalog},
+    {"fieldbuscards", 2128, IconName::Fieldbus, {}, kFieldbusKinds, kFieldbusColumns, say::kNoFieldbus},
 };
 constexpr Place kOperator[] = {
     {"prompts", 2120, IconName::Prompts},

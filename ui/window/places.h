@@ -9,12 +9,21 @@
 
 namespace calyx::ui {
 
+// How a place is shown, where its items do not say it.
+enum class PlaceLook { Rows, Board };
+
 // A place in the navigation: a section, or the part of it whose keys begin with one of the starts.
 struct Place {
     std::string_view section;
     int title;  // resource text
     IconName icon;
     std::span<const std::string_view> starts = {};  // empty: what no other place of the section has
+    // A collection: the kinds of its items, by the resource texts of their titles, and the stems of the
+    // columns that its list has beside the title.
+    std::span<const int> kinds = {};
+    std::span<const std::string_view> columns = {};
+    int empty = 0;  // resource text: what the place is for while it has no items
+    PlaceLook look = PlaceLook::Rows;
 };
 
 struct PlaceGroup {

@@ -5,6 +5,7 @@
 #include <QStringList>
 #include <algorithm>
 
+#include "ui/dialogs/screen_fit.h"
 #include "ui/text.h"
 
 namespace calyx::ui {
@@ -12,6 +13,7 @@ namespace calyx::ui {
 namespace {
 
 constexpr QSize kFirstSize(1366, 768);
+constexpr int kLeastPane = 48;  // pixels; less is a pane's tabs alone
 
 const QList<int> kFirstColumns{208, 800, 340};
 const QList<int> kFirstRows{560, 160};
@@ -28,11 +30,11 @@ QList<int> Numbers(const QString& words) {
     return numbers;
 }
 
-// A pane that was hidden has no size to come back to and gets the first one.
+// A pane that was hidden or folded has no size to come back to and gets the first one.
 void SetSizes(QSplitter& splitter, QList<int> sizes, const QList<int>& first) {
     if (sizes.size() != first.size()) sizes = first;
     for (qsizetype i = 0; i < sizes.size(); ++i) {
-        if (sizes[i] == 0) sizes[i] = first[i];
+        if (sizes[i] < kLeastPane) sizes[i] = first[i];
     }
     splitter.setSizes(sizes);
 }
@@ -62,7 +64,7 @@ void KeepLayout(Settings& settings, const QMainWindow& window, const WindowParts
 }
 
 void RestoreLayout(const Settings& settings, QMainWindow& window, const WindowParts& parts) {
-    window.resize(kFirstSize);
+    window.resize(FitScreen(window, kFirstSize));
     const QStringList layout = Shown(settings.WindowLayout).split(QLatin1Char(';'));
     SetSizes(*parts.columns, Numbers(layout.value(0)), kFirstColumns);
     SetSizes(*parts.rows, Numbers(layout.value(1)), kFirstRows);
@@ -70,12 +72,10 @@ void RestoreLayout(const Settings& settings, QMainWindow& window, const WindowPa
     parts.showLines->setChecked(shown.value(0, 1) != 0 || shown.size() != 2);
     parts.showPanes->setChecked(shown.value(1, 1) != 0 || shown.size() != 2);
     if (settings.WindowWidth <= 0 || settings.WindowHeight <= 0) return;
-    const QRect place(settings.WindowLeft, settings.WindowTop, settings.WindowWidth, settings.WindowHeight);
-    if (IsSeen(place)) {
-        window.setGeometry(place);
-    } else {
-        window.resize(place.size());
-    }
+    const QSize size = FitScreen(window, QSize(settings.WindowWidth, settings.WindowHeight));
+    const QRect place(QPoint(settings.WindowLeft, settings.WindowTop), size);
+    window.resize(size);
+    if (IsSeen(place)) window.setGeometry(place);
     if (settings.WindowMaximized) window.setWindowState(Qt::WindowMaximized);
 }
 

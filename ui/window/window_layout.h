@@ -17,7 +17,8 @@ struct WindowParts {
 };
 
 void KeepLayout(Settings& settings, const QMainWindow& window, const WindowParts& parts);
-// What was kept; a window that would lie on no screen comes back to the first one.
+// What was kept, no larger than the screen; a window that would lie on no screen comes back to the first
+// one.
 void RestoreLayout(const Settings& settings, QMainWindow& window, const WindowParts& parts);
 
 }  // namespace calyx::ui

@@ -12,7 +12,7 @@ namespace calyx::ui {
 struct FormFixture {
     test::TestContext context{CALYX_DATA_DIR};
     DocumentSession session{context};
-    FormPage page{session, "general", 0};
+    FormPage page{session, {"general"}};
 
     FormFixture() {
         ApplyTheme(*qApp, Theme::Light);

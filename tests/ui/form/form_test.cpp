@@ -159,10 +159,10 @@ class FormTest : public QObject {
 
     void SectionsWithoutRowsHaveNoForm() {
         FormFixture form;
-        QVERIFY(HasForm(form.session.Document(), "general"));
-        QVERIFY(!HasForm(form.session.Document(), "scales") &&
-                !HasForm(form.session.Document(), "general", 1));
-        QVERIFY(MakePage(form.session, "scales") == nullptr);
+        QVERIFY(HasForm(form.session.Document(), {"general"}));
+        QVERIFY(!HasForm(form.session.Document(), {"prompts"}) &&
+                !HasForm(form.session.Document(), {"general", 0, 1}));
+        QVERIFY(MakePage(form.session, {"prompts"}) == nullptr);
     }
 
     void BytesGoThereAndBack() {

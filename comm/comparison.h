@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "comm/download_plan.h"
+
+namespace calyx {
+
+// What an indicator holds, as its dump says it. The lines decide what is there and what is not: read as a
+// document alone, a line that the indicator does not have would look like its default.
+struct Held {
+    std::vector<KeyValue> lines;  // as they came, VERSION left out
+    CIndicator document;          // the same, read as a file is
+
+    // `where` names the indicator in messages.
+    Held(const ModelContext& context, std::string dump, const std::string& where);
+};
+
+// The parameter lines that a download of these groups (download_option) sends, in its order. Commands and
+// the lines of a program are none.
+std::vector<KeyValue> SentLines(const CIndicator& document, unsigned groups, const Target& target);
+
+// What differs between the document, as a download of the groups sends it to the target, and what the
+// indicator holds. `before` of a change is the document's side, `after` the indicator's own text; nothing: it
+// has no such line. Lines of the groups that only the indicator has count too. Two ways of writing the same
+// value ("5" and "5.0") do not differ.
+ChangeSet AgainstIndicator(const CIndicator& document, const Held& held, unsigned groups,
+                           const Target& target);
+
+}  // namespace calyx

@@ -1,0 +1,129 @@
+#include "model/document/cross_checks.h"
+
+#include <map>
+
+#include "model/language/text.h"
+#include "model/scales/scale_checks.h"
+#include "model/setpoints/setpoint_checks.h"
+
+namespace calyx {
+
+namespace {
+
+// What is wrong, in words.
+constexpr int kAliasTwice = 4450;     // {1} alias, {2} where it stands first
+constexpr int kStreamNoScale = 4402;  // {1} scale
+constexpr int kOutputNoScale = 4408;  // {1} scale
+constexpr int kPointIsInput = 4451;   // {1} point, {2} its function, {3} setpoint
+constexpr int kAliasedPoint = 4452;   // {1} point, {2} digital points' title
+
+bool ScaleExists(const CIndicator& document, int scale) {
+    return scale >= 1 && scale <= 32 && document.Scales().Scale(scale).ScaleType() != 1;
+}
+
+// All aliases become constants of one Scrivo program.
+class AliasCheck {
+  public:
+    AliasCheck(const CIndicator& document, CBrokenRules& rules) : document_(document), rules_(rules) {}
+
+    void Run() {
+        for (const Section* section : document_.Sections()) {
+            if (section->Name() == "widgets") continue;  // they check their names themselves
+            for (const Item* item : section->Items()) CheckItem(*section, *item);
+        }
+    }
+
+  private:
+    void CheckItem(const Section& section, const Item& item) {
+        const std::vector<bool> written = item.WrittenRows();
+        for (std::size_t row = 0; row < item.RowCount(); ++row) {
+            const std::string_view stem = item.Info(row).stem;
+            if (!written[row] || (stem != "ALIAS" && !stem.starts_with("ALIAS."))) continue;
+            const std::string alias(Trim(item.Text(row)));
+            if (!alias.empty()) CheckAlias(section, item, row, alias);
+        }
+    }
+
+    void CheckAlias(const Section& section, const Item& item, std::size_t row, const std::string& alias) {
+        const ResourceTexts& texts = document_.Context().texts;
+        std::string where = section.ItemTitle(item);
+        const std::string_view stem = item.Info(row).stem;
+        if (stem != "ALIAS") {
+            where = texts.Format(kAliasedPoint, {stem.substr(std::string_view("ALIAS.").size()), where});
+        }
+        const auto [first, isNew] =
+            seen_.try_emplace(Upper(alias), Place{where, section.Name() == "setpoints"});
+        // Setpoints compare theirs with one another themselves.
+        if (isNew || (first->second.ofSetpoint && section.Name() == "setpoints")) return;
+        rules_.Add({std::string(section.Name()), item.Number(), item.Key(row),
+                    texts.Format(kAliasTwice, {alias, first->second.title})});
+    }
+
+    struct Place {
+        std::string title;
+        bool ofSetpoint;
+    };
+    const CIndicator& document_;
+    CBrokenRules& rules_;
+    std::map<std::string, Place> seen_;  // the aliases in capitals, and where each stands first
+};
+
+void CheckHardwareSources(const CIndicator& document, CBrokenRules& rules) {
+    const CHardware& hardware = document.Hardware();
+    const auto add = [&](int number, const char* stem, int text, int scale) {
+        rules.Add({"hardware", number, stem + std::to_string(number),
+                   document.Context().texts.Format(text, {std::to_string(scale)})});
+    };
+    for (const int number : hardware.CommPorts()) {
+        const PortFields& port = hardware.CommPort(number).Values();
+        const bool streams = port.CanStream() && port.Streams() && port.source != 0;
+        if (streams && !ScaleExists(document, port.source))
+            add(number, "EDP.SOURCE#", kStreamNoScale, port.source);
+    }
+    for (const int number : hardware.AnalogOutputs()) {
+        const std::int32_t source = hardware.AnalogOutput(number).Values().source;
+        if (source != 0 && !ScaleExists(document, source)) add(number, "ALG.SOURCE#", kOutputNoScale, source);
+    }
+}
+
+// A point that works as an input cannot be switched by a setpoint as well.
+void CheckDigitalPoints(const CIndicator& document, CBrokenRules& rules) {
+    const CHardware& hardware = document.Hardware();
+    for (const CSetpoint& setpoint : document.Setpoints()) {
+        const SetpointFields& fields = setpoint.Values();
+        const bool writes =
+            setpoint.Parameters().Text(0) != "OFF" && fields.digOutCard > 0 && fields.digOutPos > 0;
+        if (!writes || !hardware.HasDigitalIO(fields.digOutCard)) continue;
+        const CDigitalIO& points = hardware.DigitalIO(fields.digOutCard);
+        if (fields.digOutPos > points.NumberOfPoints()) continue;
+        const std::string function(points.PointDefinition(fields.digOutPos));
+        if (function == "OFF" || function == "OUTPUT") continue;
+        rules.Add({"hardware", fields.digOutCard,
+                   "DIO." + std::to_string(fields.digOutPos) + "#" + std::to_string(fields.digOutCard),
+                   document.Context().texts.Format(kPointIsInput, {std::to_string(fields.digOutPos), function,
+                                                                   std::to_string(setpoint.Number())})});
+    }
+}
+
+}  // namespace
+
+void CrossCheck(const CIndicator& document, CBrokenRules& rules) {
+    const ResourceTexts& texts = document.Context().texts;
+    const CHardware& hardware = document.Hardware();
+    const auto scaleExists = [&](int scale) { return ScaleExists(document, scale); };
+    AliasCheck(document, rules).Run();
+    CheckHardwareSources(document, rules);
+    CheckDigitalPoints(document, rules);
+    CheckScalePorts(
+        document.Scales(), [&](int port) { return hardware.InputOf(port); }, texts, rules);
+    CheckSetpointSurroundings(
+        document.Setpoints(),
+        {.scaleExists = scaleExists,
+         .pulseInputExists = {},  // the main board has some, too
+         .digitalSlotExists = [&](int slot) { return hardware.HasDigitalIO(slot); }},
+        texts, rules);
+    CheckWidgetScales(document.Widgets(), scaleExists, texts, rules);
+    document.Tickets().CheckPorts([&](int port) { return hardware.HasPort(port); }, rules);
+}
+
+}  // namespace calyx

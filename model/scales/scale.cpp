@@ -1,0 +1,201 @@
+#include "model/scales/scale.h"
+
+#include <algorithm>
+
+#include "model/scales/scale_source.h"
+
+namespace calyx {
+
+using namespace scale_kind;
+
+namespace {
+
+constexpr const char* kKindRange = "1 to 8";
+constexpr const char* kNumberRange = "1 to 32";
+constexpr int kHeading = 3410;  // {1} number, {2} kind
+constexpr int kSourceLabel = 3002;
+constexpr std::size_t kKindRow = 0, kSourceRow = 1;
+
+std::string Suffix(int number) {
+    return "#" + std::to_string(number);
+}
+
+// "4/15/2027"
+std::string ShortDate(Date date) {
+    if (date.Empty()) return {};
+    return std::to_string(date.month) + "/" + std::to_string(date.day) + "/" + std::to_string(date.year);
+}
+
+PortInput InputsIn(const Dictionary& lines) {
+    return [&lines](int port) {
+        const Dictionary::Entry* entry = lines.Peek("EDP.INPUT" + Suffix(port));
+        return entry == nullptr ? std::string() : std::string(Trim(entry->value));
+    };
+}
+
+}  // namespace
+
+void CScale::CheckNumber(int scaleNumber) const {
+    if (scaleNumber >= 1 && scaleNumber <= kScaleCount) return;
+    Fail(code::kOutOfRange, "Initialize", {std::to_string(scaleNumber), kNumberRange});
+}
+
+void CScale::Initialize(int scaleNumber) {
+    CheckNumber(scaleNumber);
+    Begin(scaleNumber, Suffix(scaleNumber));
+}
+
+void CScale::InitializeLike(const CScale& other, int scaleNumber) {
+    CheckNumber(scaleNumber);
+    BeginLike(other, scaleNumber, Suffix(scaleNumber));
+}
+
+void CScale::SetScaleType(std::int32_t kind) {
+    ScaleFields& fields = Fields();
+    if (!IsKind(kind)) Fail(code::kOutOfRange, "ScaleType", {std::to_string(kind), kKindRange});
+    const bool assigned = std::any_of(fields.sources.begin(), fields.sources.end(),
+                                      [](std::int32_t source) { return source != 0; });
+    if (assigned && fields.kind != kProgrammable) Fail(code::kKindRefused, "ScaleType");
+    ChangeKind(fields, kind);
+}
+
+std::string CScale::KindName() const {
+    return DisplayText(Parameters(), kKindRow);
+}
+
+std::int32_t CScale::Components(int place) const {
+    const ScaleFields& fields = Values();
+    if (place < 1 || place > fields.sourceCount) {
+        Fail(code::kOutOfRange, "Components",
+             {std::to_string(place), "1 to " + std::to_string(fields.sourceCount)});
+    }
+    return fields.sources[static_cast<std::size_t>(place - 1)];
+}
+
+void CScale::AddComponent(std::int32_t source) {
+    ScaleFields& fields = Fields();
+    // A scale that is not configured writes no sources, and a programmable one has itself.
+    const std::int32_t most = fields.kind == kNone ? 0 : MaxSources(fields.kind);
+    if (fields.sourceCount >= most) {
+        Fail(code::kOutOfRange, "AddComponent",
+             {std::to_string(fields.sourceCount + 1), "0 to " + std::to_string(most)});
+    }
+    fields.sources[static_cast<std::size_t>(fields.sourceCount++)] = source;
+}
+
+void CScale::RemoveComponent(std::int32_t source) {
+    ScaleFields& fields = Fields();
+    const auto end = fields.sources.begin() + fields.sourceCount;
+    const auto found = std::find(fields.sources.begin(), end, source);
+    if (found == end || fields.kind == kProgrammable) {
+        Fail(code::kOutOfRange, "RemoveComponent", {std::to_string(source), SourceEntries(fields)});
+    }
+    *std::move(found + 1, end, found) = 0;
+    --fields.sourceCount;
+}
+
+std::size_t CScale::RowOf(std::string_view stem, std::string_view operation) const {
+    const RowItem<ScaleFields>& item = Parameters();
+    for (std::size_t row = 0; row < item.RowCount(); ++row) {
+        if (item.Info(row).stem == stem) return row;
+    }
+    Fail(code::kOutOfRange, operation, {stem, "SC."});
+}
+
+std::string CScale::Command(std::string_view stem) const {
+    return Parameters().Text(RowOf(stem, "Command"));
+}
+
+void CScale::SetCommand(std::string_view stem, std::string_view text) {
+    RowItem<ScaleFields>& item = Parameters();
+    const std::size_t row = RowOf(stem, "SetCommand");
+    const RowInfo& info = item.Info(row);
+    const CTextList* list = info.IsHeldToList() ? item.List(row) : nullptr;
+    RowItem<ScaleFields> changed = item;
+    const bool taken = (list == nullptr || list->ValidateItem(Trim(text))) && info.more.use == Use::Line &&
+                       changed.Take(row, text) == Taken::Whole;
+    if (!taken) Fail(code::kOutOfRange, "SetCommand", {text, info.stem});
+    item.fields = changed.fields;
+}
+
+std::string CScale::GetCalibrationValues(bool allParameters) const {
+    return Lines(allParameters ? Target::Everything() : Context().target.Gated(), LinePart::Calibration);
+}
+
+void CScale::AppendPrinted(std::string& out, std::size_t row) const {
+    const RowItem<ScaleFields>& item = Parameters();
+    const bool date = item.Info(row).kind == ValueKind::Date;
+    const std::string value = date ? ShortDate(Values().maxWeightDate) : DisplayText(item, row);
+    if (value.empty()) return;
+    out.append("  ").append(Context().texts.Text(item.Info(row).more.label)).append(": ").append(value);
+    out.append("\r\n");
+}
+
+std::string CScale::GetPrintOutput() const {
+    const RowItem<ScaleFields>& item = Parameters();
+    if (Values().kind == kNone) return {};
+    const ResourceTexts& texts = Context().texts;
+    std::string out = texts.Format(kHeading, {std::to_string(Number()), KindName()}) + "\r\n";
+    out.append("  ").append(texts.Text(kSourceLabel)).append(": ").append(SourceEntries(Values()));
+    out.append("\r\n");
+    std::vector<bool> printed(item.RowCount(), false);
+    printed[kSourceRow] = true;
+    item.EachLine([&](std::size_t row, Gate, bool met) {
+        if (met && !printed[row]) AppendPrinted(out, row);
+        printed[row] = printed[row] || met;
+    });
+    for (std::size_t row = 0; row < item.RowCount(); ++row) {
+        if (item.Info(row).more.use == Use::ReadOnly) AppendPrinted(out, row);
+    }
+    return out;
+}
+
+std::string CScale::GetIWriteImportDef() const {
+    const std::string_view alias = Values().alias.Trimmed();
+    if (alias.empty()) return {};
+    return std::string(alias) + " : constant integer := " + std::to_string(Number()) + ";\r\n";
+}
+
+bool CScale::SendToIndicator(ILineSender& sender, IDownload& download) const {
+    return SendLines(GetTextOutput(false), sender, download);
+}
+
+bool CScale::SendCalibrationToIndicator(ILineSender& sender, IDownload& download) const {
+    return SendLines(GetCalibrationValues(false), sender, download);
+}
+
+void CScale::RestoreState(const ScaleFields& stored) {
+    const int number = Number();
+    Fields() = stored;
+    Fields().number = number;
+}
+
+void CScale::RestoreState(Dictionary& lines, ReadReport& report) {
+    RowItem<ScaleFields>& item = Parameters();
+    const Dictionary::Entry* source = lines.Peek(item.Key(kSourceRow));
+    const std::int32_t kind = source == nullptr ? kNone : KindOfSource(source->value, InputsIn(lines));
+    if (kind == kNone) {
+        PassOver(lines, report);
+    } else {
+        item.ReloadDefaults();
+        item.fields.kind = kind;
+        item.Restore(lines, report);
+    }
+    item.MarkSaved();
+}
+
+void CScale::PassOver(Dictionary& lines, ReadReport& report) {
+    RowItem<ScaleFields>& item = Parameters();
+    item.Take(kSourceRow, "NONE");
+    for (std::size_t row = kSourceRow; row < item.RowCount(); ++row) {
+        const Dictionary::Entry* entry = lines.Find(item.Key(row));
+        if (entry == nullptr) continue;
+        if (row != kSourceRow) {
+            detail::ReportUnwritten(report, *entry);
+        } else if (Trim(entry->value) != "NONE") {
+            detail::Report(report, *entry, Taken::Not, false, "NONE");
+        }
+    }
+}
+
+}  // namespace calyx

@@ -1,0 +1,232 @@
+#include "ui/hardware/ctl_hardware.h"
+
+#include <QEvent>
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+#include <QMenu>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "ui/dialogs/dialogs.h"
+#include "ui/text.h"
+#include "ui/texts.h"
+#include "ui/theme/metrics.h"
+#include "ui/theme/theme.h"
+
+namespace calyx::ui {
+
+namespace {
+
+constexpr int kColumns = 2;
+constexpr int kSlotWidth = 300, kSlotHeight = 64;
+
+// Cards as they are offered, the commonest first.
+constexpr std::int32_t kOffered[] = {card::kEmptySlot, 1, 2, 3, 4, 17, 5, 6, 7, 15, 8, 9, 10, 11, 12, 13, 16};
+
+}  // namespace
+
+ctlHardware::ctlHardware(DocumentSession& session, const PageTools& tools)
+    : session_(session), tools_(tools) {
+    setFrameShape(QFrame::NoFrame);
+    setWidgetResizable(true);
+    auto* content = new QWidget;
+    auto* column = new QVBoxLayout(content);
+    column->setContentsMargins(metrics::kPageEdge, metrics::kRelated, metrics::kPageEdge, metrics::kPageEdge);
+    column->setSpacing(metrics::kGroups);
+    column->addWidget(MakeBoard());
+    auto* grid = new QGridLayout;
+    grid->setSpacing(metrics::kRelated);
+    const int rows = card::kSlots / kColumns;
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        grid->addWidget(MakeSlot(slot), (slot - 1) % rows, (slot - 1) / rows);
+    }
+    grid->setColumnStretch(kColumns, 1);
+    column->addLayout(grid);
+    column->addStretch(1);
+    setWidget(content);
+    for (int slot = 2; slot <= card::kSlots; ++slot) {
+        setTabOrder(slots_[static_cast<std::size_t>(slot - 2)], slots_[static_cast<std::size_t>(slot - 1)]);
+    }
+    setFocusProxy(slots_.front());
+    connect(&session_, &DocumentSession::Changed, this, &ctlHardware::Follow);
+    connect(&session_, &DocumentSession::Replaced, this, &ctlHardware::Follow);
+    Refresh();
+}
+
+QWidget* ctlHardware::MakeBoard() {
+    const ResourceTexts& texts = session_.Context().texts;
+    auto* frame = new QFrame;
+    frame->setFrameShape(QFrame::StyledPanel);
+    auto* name = new QLabel(Say(texts, say::kMainBoard));
+    name->setFont(StrongFont());
+    auto* brings = new QLabel(Say(texts, say::kMainBoardBrings));
+    brings->setForegroundRole(role::kQuietText);
+    auto* column = new QVBoxLayout(frame);
+    column->setContentsMargins(metrics::kGroups, metrics::kRelated, metrics::kGroups, metrics::kRelated);
+    column->setSpacing(metrics::kHalf);
+    column->addWidget(name);
+    column->addWidget(brings);
+    frame->setMaximumWidth(kColumns * kSlotWidth + metrics::kRelated);
+    return frame;
+}
+
+QWidget* ctlHardware::MakeSlot(int slot) {
+    auto* button = new QToolButton;
+    button->setObjectName(QStringLiteral("slot%1").arg(slot));
+    button->setFixedSize(kSlotWidth, kSlotHeight);
+    button->setFocusPolicy(Qt::StrongFocus);
+    button->installEventFilter(this);
+    connect(button, &QToolButton::clicked, this, [this, slot] { Offer(slot); });
+    auto* number = new QLabel(QString::number(slot));
+    number->setFont(TextFont(TextSize::Heading));
+    number->setForegroundRole(role::kQuietText);
+    number->setFixedWidth(metrics::kIconLarge);
+    auto* name = new QLabel;
+    name->setObjectName(QStringLiteral("name"));
+    auto* brings = new QLabel;
+    brings->setObjectName(QStringLiteral("brings"));
+    brings->setForegroundRole(role::kQuietText);
+    auto* words = new QVBoxLayout;
+    words->setSpacing(0);
+    words->addStretch(1);
+    words->addWidget(name);
+    words->addWidget(brings);
+    words->addStretch(1);
+    auto* row = new QHBoxLayout(button);
+    row->setContentsMargins(metrics::kGroups, 0, metrics::kGroups, 0);
+    row->setSpacing(metrics::kRelated);
+    row->addWidget(number);
+    row->addLayout(words, 1);
+    for (QLabel* label : {number, name, brings}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    slots_[static_cast<std::size_t>(slot - 1)] = button;
+    return button;
+}
+
+void ctlHardware::Follow() {
+    stale_ = true;
+    if (isVisible()) Refresh();
+}
+
+void ctlHardware::showEvent(QShowEvent* event) {
+    QScrollArea::showEvent(event);
+    if (stale_) Refresh();
+}
+
+QString ctlHardware::Brings(int slot, std::int32_t code) const {
+    const ResourceTexts& texts = session_.Context().texts;
+    const bool ports = code == card::kDualSerial;
+    const int first = ports ? card::FirstPort(slot) : slot;
+    const int second = ports ? first + 1 : card::SecondChannel(slot);
+    return Say(texts, card::Brings(code), QString::number(first), QString::number(second));
+}
+
+void ctlHardware::Refresh() {
+    stale_ = false;
+    const ResourceTexts& texts = session_.Context().texts;
+    const CHardware& hardware = std::as_const(session_).Document().Hardware();
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        const std::int32_t code = hardware.CardType(slot);
+        QToolButton* button = slots_[static_cast<std::size_t>(slot - 1)];
+        auto* name = button->findChild<QLabel*>(QStringLiteral("name"));
+        const QString card = Say(texts, card::Name(code));
+        name->setText(card);
+        name->setFont(card::IsEmpty(code) ? TextFont(TextSize::Body) : StrongFont());
+        name->setForegroundRole(card::IsEmpty(code) ? role::kQuietText : role::kText);
+        const QString brings = card::IsEmpty(code) ? QString() : Brings(slot, code);
+        button->findChild<QLabel*>(QStringLiteral("brings"))->setText(brings);
+        button->setAccessibleName(Say(texts, say::kSlotName, QString::number(slot), card));
+        button->setAccessibleDescription(QStringLiteral("HARDWARE. ") + brings);
+    }
+}
+
+void ctlHardware::Offer(int slot) {
+    const ResourceTexts& texts = session_.Context().texts;
+    const std::int32_t present = std::as_const(session_).Document().Hardware().CardType(slot);
+    QToolButton* button = slots_[static_cast<std::size_t>(slot - 1)];
+    auto* menu = new QMenu(button);
+    menu->setObjectName(QStringLiteral("menuCards"));
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (const QString key = FirstKey(slot); !key.isEmpty()) {
+        connect(menu->addAction(Say(texts, say::kShowBrought, Brings(slot, present))), &QAction::triggered,
+                this, [this, key] { emit ParameterWanted(key); });
+        menu->addSeparator();
+    }
+    for (const std::int32_t code : kOffered) {
+        const bool take = card::IsEmpty(code);
+        if (take && card::IsEmpty(present)) continue;
+        QAction* action =
+            menu->addAction(take ? Say(texts, say::kTakeCardOut) : Say(texts, card::Name(code)));
+        action->setData(code);
+        action->setCheckable(!take);
+        action->setChecked(code == present);
+        connect(action, &QAction::triggered, this, [this, slot, code] { Change(slot, code); });
+    }
+    menu->popup(button->mapToGlobal(QPoint(0, button->height())));
+}
+
+QString ctlHardware::FirstKey(int slot) const {
+    switch (std::as_const(session_).Document().Hardware().CardType(slot)) {
+        case card::kDualSerial:
+            return QStringLiteral("EDP.ALIAS#%1").arg(card::FirstPort(slot));
+        case card::kAnalogOutput:
+        case card::kDualAnalogOutput:
+            return QStringLiteral("ALG.ALIAS#%1").arg(slot);
+        case card::kDigitalIO:
+            return QStringLiteral("DIO.1#%1").arg(slot);
+        default:
+            return std::as_const(session_).Document().FieldbusCards().Exists(slot)
+                       ? QStringLiteral("FB.SIZE#%1").arg(slot)
+                       : QString();
+    }
+}
+
+// Whether what the present card brought may go. Untouched defaults go without a question.
+bool ctlHardware::MayDrop(int slot, std::int32_t code) {
+    CIndicator without = session_.Document();
+    const auto taken = without.ChangeCard(slot, code);
+    CIndicator fresh = without;
+    fresh.ChangeCard(slot, std::as_const(session_).Document().Hardware().CardType(slot));
+    bool settings = false;
+    for (const auto& change : taken.changes.Changes()) {
+        if (change.after || !change.before) continue;  // a line that goes
+        settings = settings || fresh.Value(change.key) != change.before;
+    }
+    if (!settings) return true;
+    const ResourceTexts& texts = session_.Context().texts;
+    const std::int32_t present = std::as_const(session_).Document().Hardware().CardType(slot);
+    return tools_.ask({Tone::Question,
+                       Say(texts, say::kTakeCardTitle),
+                       Say(texts, say::kTakeCardQuestion, Say(texts, card::Name(present)),
+                           QString::number(slot), Brings(slot, present)),
+                       {},
+                       {Say(texts, say::kDropSettings), Say(texts, say::kKeepCard)},
+                       1}) == 0;
+}
+
+void ctlHardware::Change(int slot, std::int32_t code) {
+    const std::int32_t present = std::as_const(session_).Document().Hardware().CardType(slot);
+    if (code == present || (card::IsEmpty(code) && card::IsEmpty(present)) || !MayDrop(slot, code))
+        return Refresh();
+    const ResourceTexts& texts = session_.Context().texts;
+    const std::string name =
+        texts.Format(say::kCardStep,
+                     {std::to_string(slot), texts.Text(card::Name(present)), texts.Text(card::Name(code))});
+    session_.Do(name, [&](CIndicator& document) { return document.ChangeCard(slot, code); });
+}
+
+bool ctlHardware::FocusKey(const QString& key) {
+    if (key.compare(QLatin1String("HARDWARE"), Qt::CaseInsensitive) != 0) return false;
+    slots_.front()->setFocus();
+    return true;
+}
+
+bool ctlHardware::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::FocusIn) {
+        ensureWidgetVisible(static_cast<QWidget*>(watched), 0, metrics::kPageEdge);
+        emit KeyFocused(QStringLiteral("HARDWARE"));
+    }
+    return QScrollArea::eventFilter(watched, event);
+}
+
+}  // namespace calyx::ui
