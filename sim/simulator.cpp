@@ -60,6 +60,7 @@ Simulator::Simulator(SimulatorOptions options) : options_(std::move(options)) {
     } else {
         store_.TakeLines(options_.content.empty() ? kDefaults : options_.content);
     }
+    if (!options_.hardware.empty()) store_.Set("HARDWARE", options_.hardware);
     store_.Remove("VERSION");  // the firmware's own; DumpText() puts it first
     if (!options_.stateFile.empty()) store_.Save(options_.stateFile);
     savedChanges_ = store_.Changes();

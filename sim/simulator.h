@@ -24,6 +24,8 @@ struct SimulatorOptions {
     // What it holds at the start, as the lines of a configuration file or its body; a VERSION line in it is
     // passed over. Empty: an indicator reset to its defaults.
     std::string content{};
+    // The cards in its slots, as the value of the line HARDWARE; empty: what the content says.
+    std::string hardware{};
     // Where its content survives a restart; empty: nowhere. What the file holds replaces `content`.
     std::filesystem::path stateFile{};
     // "NAME" or "NAME:ARGUMENT" each, see KnownFaults().

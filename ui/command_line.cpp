@@ -40,9 +40,11 @@ CommandLine Parse(const QStringList& words) {
                                      QStringLiteral("FILE"));
     const QCommandLineOption size(
         QStringLiteral("size"), QStringLiteral("size of the window for the picture"), QStringLiteral("WxH"));
+    const QCommandLineOption show(QStringLiteral("show"),
+                                  QStringLiteral("goes to a parameter at the start"), QStringLiteral("KEY"));
     const QCommandLineOption quit(QStringLiteral("quit-after-first-paint"),
                                   QStringLiteral("ends once the window has been drawn"));
-    parser.addOptions({userDir, dataDir, language, theme, picture, size, quit});
+    parser.addOptions({userDir, dataDir, language, theme, picture, size, show, quit});
 
     CommandLine line;
     const auto wrong = [&](const QString& why) {
@@ -62,6 +64,7 @@ CommandLine Parse(const QStringList& words) {
     options.dataDir = parser.value(dataDir);
     options.language = parser.value(language);
     options.picture = parser.value(picture);
+    options.show = parser.value(show);
     options.quitAfterFirstPaint = parser.isSet(quit);
     options.themeGiven = parser.isSet(theme);
     options.theme = parser.value(theme);

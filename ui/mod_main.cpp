@@ -90,6 +90,7 @@ void ShowNotices(AppContext& app, Dialogs& dialogs, QWidget* window) {
 int DrawPicture(frmMain& window, const Options& options) {
     if (!options.size.isEmpty()) window.resize(options.size);
     window.show();
+    if (!options.show.isEmpty()) window.ShowParameter(options.show);
     QCoreApplication::processEvents();
     window.Panes().Refresh();
     QCoreApplication::processEvents();
@@ -110,6 +111,7 @@ int RunWindow(Application& application, AppContext& app, const Options& options,
     FirstPaint firstPaint;
     if (options.quitAfterFirstPaint) window.installEventFilter(&firstPaint);
     window.show();
+    if (!options.show.isEmpty()) window.ShowParameter(options.show);
     if (!options.quitAfterFirstPaint) {
         QTimer::singleShot(0, &window, [&] { ShowNotices(app, dialogs, &window); });
     }

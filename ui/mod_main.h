@@ -16,6 +16,7 @@ struct Options {
     QString language;  // code of a texts file; empty: as the settings say
     QString theme;     // a word of the setting `Theme`, for this run only
     QString picture;   // PNG file that the window is drawn into, then the program ends
+    QString show;      // key of the parameter to begin with; empty: the first page
     QSize size;        // of the window for the picture; invalid: as usual
     bool themeGiven = false;
     bool quitAfterFirstPaint = false;  // to measure the start

@@ -335,6 +335,8 @@ inline constexpr int kAnalog = 20706;
 inline constexpr int kNoAnalog = 20707;
 inline constexpr int kNoFieldbus = 20708;
 
+inline constexpr int kLinesCountOne = 20417;
+
 // hardware and ports
 inline constexpr int kMainBoard = 20710;
 inline constexpr int kMainBoardBrings = 20711;

@@ -61,15 +61,15 @@ void EditingTest::UndoMovesTheViewToWhatChanged() {
 
 void EditingTest::KeptLinesAreEditedInPlace() {
     MainWindow main;
-    QVERIFY(main.Open("batching-plant.mrn"));
-    main.window->ShowParameter("SC.GRADS#1");
-    QCOMPARE(main.Status("pageHeading"), "Scales");
+    QVERIFY(main.Open("checkweigher-line.mrn"));
+    main.window->ShowParameter("WDGT#1");
+    QCOMPARE(main.Status("pageHeading"), "Screens");
     auto* list = main.Find<QTreeView>("keptList");
-    QCOMPARE(list->currentIndex().data().toString(), "5000");
-    QVERIFY(list->model()->setData(list->currentIndex(), "4000"));
-    QCOMPARE(main.Value("SC.GRADS#1"), "4000");
+    QCOMPARE(list->currentIndex().data().toString(), "1,2,1,1");
+    QVERIFY(list->model()->setData(list->currentIndex(), "1,3,1,1"));
+    QCOMPARE(main.Value("WDGT#1"), "1,3,1,1");
     main.Choose("editUndo");
-    QCOMPARE(list->currentIndex().data().toString(), "5000");
+    QCOMPARE(list->currentIndex().data().toString(), "1,2,1,1");
     QVERIFY(!main.window->isWindowModified());
 }
 
@@ -165,15 +165,15 @@ void EditingTest::WrongInputIsNeitherSavedNorLost() {
 
 void EditingTest::AnOpenEditorIsTakenBeforeSaving() {
     MainWindow main;
-    QVERIFY(main.Open("batching-plant.mrn"));
-    main.window->ShowParameter("SC.GRADS#1");
+    QVERIFY(main.Open("checkweigher-line.mrn"));
+    main.window->ShowParameter("WDGT#1");
     auto* list = main.Find<QTreeView>("keptList");
     list->edit(list->currentIndex());
     auto* editor = list->findChild<QLineEdit*>();
     QVERIFY(editor != nullptr);
-    editor->setText("4000");  // and no Enter
+    editor->setText("1,3,1,1");  // and no Enter
     QVERIFY(main.window->Files().FinishInput());
-    QCOMPARE(main.Value("SC.GRADS#1"), "4000");
+    QCOMPARE(main.Value("WDGT#1"), "1,3,1,1");
 }
 
 void EditingTest::UndoWithNothingSaysWhy() {

@@ -172,8 +172,8 @@ void ShownTest::DifferencesAgainstAnIndicator_data() {
                                    << "UID: GATE-N, OTHER";
     QTest::newRow("missing there") << "-UID"
                                    << "UID: GATE-N, (none)";
-    QTest::newRow("only there") << "SC.GRADS#9=1000"
-                                << "SC.GRADS#9: (none), 1000";
+    QTest::newRow("only there") << "SC.SRC#9=A,1"
+                                << "SC.SRC#9: NONE, A,1";
     QTest::newRow("its own version") << "VERSION=V2.08.01"
                                      << "";
     QTest::newRow("its own cards") << "HARDWARE=9,9,9"

@@ -10,6 +10,7 @@
 #include "ui/form/flow_grid.h"
 #include "ui/form/form_texts.h"
 #include "ui/form/mnemonics.h"
+#include "ui/form/parameter.h"
 #include "ui/theme/metrics.h"
 
 namespace calyx::ui {
@@ -20,11 +21,12 @@ namespace {
 constexpr int kWidestColumn = 600;
 }
 
-FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, const QString& reservedLetters)
+FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, const QString& reservedLetters,
+                   const std::vector<std::string>& leftOut)
     : QScrollArea(parent), session_(session), item_(std::move(item)) {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    Build(reservedLetters);
+    Build(reservedLetters, leftOut);
     Refresh();
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(Stale::Changed); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(Stale::Changed); });
@@ -34,7 +36,7 @@ FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, cons
 // The fields go before their widgets, which tell of their own end.
 FormPage::~FormPage() = default;
 
-void FormPage::Build(const QString& reservedLetters) {
+void FormPage::Build(const QString& reservedLetters, const std::vector<std::string>& leftOut) {
     auto* content = new QWidget;
     auto* grid = new FlowGrid(content, kWidestColumn);
     // The marks stand in the edge.
@@ -42,6 +44,8 @@ void FormPage::Build(const QString& reservedLetters) {
     grid->setContentsMargins(left, metrics::kPageEdge, metrics::kPageEdge, metrics::kPageEdge);
     std::vector<std::pair<int, std::vector<Field*>>> groups;  // in the order in which the rows name them
     for (const std::string& key : FormKeys(session_.Document(), item_)) {
+        const auto parameter = FindParameter(session_.Document(), item_.section, key);
+        if (std::find(leftOut.begin(), leftOut.end(), parameter->Info().stem) != leftOut.end()) continue;
         auto& field = fields_.emplace_back(std::make_unique<Field>(session_, item_.section, key, content));
         connect(field.get(), &Field::Focused, this, &FormPage::KeyFocused);
         connect(field.get(), &Field::ShowInLines, this, &FormPage::ShowInLines);

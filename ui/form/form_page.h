@@ -26,8 +26,9 @@ class FormPage : public QScrollArea {
     // Letters that the main menu uses; no field gets them.
     static inline const QString kMenuLetters = QStringLiteral("FEVITH");
 
+    // `leftOut`: stems of rows that are edited elsewhere.
     FormPage(DocumentSession& session, ItemRef item, QWidget* parent = nullptr,
-             const QString& reservedLetters = kMenuLetters);
+             const QString& reservedLetters = kMenuLetters, const std::vector<std::string>& leftOut = {});
     ~FormPage() override;
 
     // Scrolls to the field, gives it the focus and lights it up. A line of several that one field holds
@@ -47,7 +48,7 @@ class FormPage : public QScrollArea {
   private:
     enum class Stale { No, Changed, Replaced };  // what a page out of sight has not followed yet
 
-    void Build(const QString& reservedLetters);
+    void Build(const QString& reservedLetters, const std::vector<std::string>& leftOut);
     void Follow(Stale what);
     void Refresh();
 

@@ -32,7 +32,8 @@ int Digits(const RowInfo& info) {
 }  // namespace
 
 LineControl::LineControl(QWidget* parent, int characters) : line_(new QLineEdit(parent)) {
-    if (characters == 0) {
+    constexpr int kMostShown = 40;  // longer texts scroll in their field
+    if (characters == 0 || characters > kMostShown) {
         line_->setMinimumWidth(kFreeNarrowest);
         line_->setMaximumWidth(kFreeWidest);
     } else {

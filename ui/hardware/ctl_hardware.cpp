@@ -19,7 +19,7 @@ namespace calyx::ui {
 namespace {
 
 constexpr int kColumns = 2;
-constexpr int kSlotWidth = 300, kSlotHeight = 64;
+constexpr int kSlotWidth = 300, kSlotHeight = 52;
 
 // Cards as they are offered, the commonest first.
 constexpr std::int32_t kOffered[] = {card::kEmptySlot, 1, 2, 3, 4, 17, 5, 6, 7, 15, 8, 9, 10, 11, 12, 13, 16};
@@ -134,7 +134,9 @@ void ctlHardware::Refresh() {
         name->setFont(card::IsEmpty(code) ? TextFont(TextSize::Body) : StrongFont());
         name->setForegroundRole(card::IsEmpty(code) ? role::kQuietText : role::kText);
         const QString brings = card::IsEmpty(code) ? QString() : Brings(slot, code);
-        button->findChild<QLabel*>(QStringLiteral("brings"))->setText(brings);
+        auto* bringsLabel = button->findChild<QLabel*>(QStringLiteral("brings"));
+        bringsLabel->setText(brings);
+        bringsLabel->setVisible(!brings.isEmpty());
         button->setAccessibleName(Say(texts, say::kSlotName, QString::number(slot), card));
         button->setAccessibleDescription(QStringLiteral("HARDWARE. ") + brings);
     }

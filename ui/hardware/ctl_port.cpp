@@ -19,13 +19,22 @@ namespace calyx::ui {
 
 namespace {
 
-// Control characters as their Unicode pictures, so that nothing that is sent stays unseen.
+// The names of the control characters, which fonts rarely have pictures for.
+QString NameOf(unsigned char c) {
+    static const char* const names[] = {"NUL", "SOH", "STX", "ETX", "EOT", "ENQ", "ACK", "BEL",
+                                        "BS",  "HT",  "LF",  "VT",  "FF",  "CR",  "SO",  "SI",
+                                        "DLE", "DC1", "DC2", "DC3", "DC4", "NAK", "SYN", "ETB",
+                                        "CAN", "EM",  "SUB", "ESC", "FS",  "GS",  "RS",  "US"};
+    return QLatin1String(c < 32 ? names[c] : "DEL");
+}
+
+// Nothing that is sent stays unseen: control characters by their names, blanks as a bracket.
 QString Pictures(const std::vector<StreamPiece>& pieces) {
     QString shown;
     for (const StreamPiece& piece : pieces) {
         if (piece.kind == StreamPiece::Kind::Control) {
-            const auto c = static_cast<unsigned char>(piece.text.front());
-            shown += QChar(c == 127 ? 0x2421 : 0x2400 + c);
+            shown +=
+                QLatin1Char('[') + NameOf(static_cast<unsigned char>(piece.text.front())) + QLatin1Char(']');
         } else {
             QString text = ShownValue(piece.text);
             shown += text.replace(QLatin1Char(' '), QChar(0x2423));

@@ -38,7 +38,7 @@ void LinkDesk::Open(const std::string& host, std::uint16_t port) {
 void LinkDesk::OpenSimulated() {
     if (!simulator_) {
         try {
-            simulator_ = std::make_unique<sim::TcpSimulator>(sim::SimulatorOptions{});
+            simulator_ = std::make_unique<sim::TcpSimulator>(sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string()});
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.LinkDesk.OpenSimulated",
                         app_.model.texts.Format(say::kSimulatorFailed, {failure.what()}));

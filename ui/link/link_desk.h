@@ -3,6 +3,7 @@
 #include <QObject>
 #include <QString>
 #include <QTimer>
+#include <functional>
 #include <memory>
 
 #include "app/context.h"
@@ -27,6 +28,8 @@ class LinkDesk : public QObject, private ILinkEvents {
     // closed.
     void Open(const std::string& host, std::uint16_t port);
     void OpenSimulated();  // starts the simulated indicator if need be; it keeps what it holds
+    // The cards that a simulated indicator has when it is made, as the value of the line HARDWARE.
+    void SetCards(std::function<std::string()> cards) { cards_ = std::move(cards); }
     void GiveUpOpening() { giveUp_ = true; }
     void Close();  // raises 12801 when the wire makes trouble; it is closed all the same
 
@@ -71,6 +74,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     void ReceivedResponse() override;
 
     AppContext& app_;
+    std::function<std::string()> cards_;
     UiClock clock_;
     LinkSettingsStore users_;
     DeskLinkSettings settings_;

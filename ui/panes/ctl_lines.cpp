@@ -198,6 +198,7 @@ QString ctlLines::Summary() const {
     const ResourceTexts& texts = session_.Context().texts;
     if (!Version()) {
         const QString all = QString::number(lines.size());
+        if (lines.size() == 1 && changed == QStringLiteral("0")) return Say(texts, say::kLinesCountOne);
         return changed == QStringLiteral("0") ? Say(texts, say::kLinesCount, all)
                                               : Say(texts, say::kLinesSummary, all, changed);
     }

@@ -70,6 +70,17 @@ std::vector<ShownLine> LinesOfPlace(const CIndicator& document, const Place& pla
         shown.key = std::move(line.key);
         lines.push_back(std::move(shown));
     }
+    if (target.all) return lines;
+    // Older firmware knows some lines under other keys than the file has.
+    std::string gated;
+    section->AppendLines(gated, target);
+    for (KeyValue& line : ReadLines(gated)) {
+        const bool shown = std::any_of(lines.begin(), lines.end(),
+                                       [&](const ShownLine& l) { return EqualNoCase(l.key, line.key); });
+        const bool here = Holds(place, line.key) && (!item || IsOf(*section, *item, line.key));
+        if (shown || !here || !sent.contains(Upper(line.key))) continue;
+        lines.push_back({std::move(line.key), std::move(line.value), false, true, {}});
+    }
     return lines;
 }
 

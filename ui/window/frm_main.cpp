@@ -46,6 +46,7 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
              actions_->viewPanes} {
     setObjectName(QStringLiteral("frmMain"));
     setAcceptDrops(true);
+    desk_.SetCards([this] { return session_.Document().Value("HARDWARE").value_or(std::string()); });
     MakeWindow();
     MakeBars();
     ConnectCommands();

@@ -98,6 +98,7 @@ class FormTest : public QObject {
         EachRow(form, [&](const Item& item, std::size_t row, const std::string& key) {
             const More& more = item.Info(row).more;
             if (!more.HasRange() || item.List(row) != nullptr) return;
+            if (key.starts_with("SOFTKEY.ORDER")) return;  // another one has each place already
             const char* name = key.c_str();
             form.Type(name, QString::number(more.max + 1, 'f', 0));
             QVERIFY2(item.Text(row) != std::to_string(static_cast<long long>(more.max) + 1), name);
@@ -160,9 +161,9 @@ class FormTest : public QObject {
     void SectionsWithoutRowsHaveNoForm() {
         FormFixture form;
         QVERIFY(HasForm(form.session.Document(), {"general"}));
-        QVERIFY(!HasForm(form.session.Document(), {"prompts"}) &&
+        QVERIFY(!HasForm(form.session.Document(), {"widgets"}) &&
                 !HasForm(form.session.Document(), {"general", 0, 1}));
-        QVERIFY(MakePage(form.session, {"prompts"}) == nullptr);
+        QVERIFY(MakePage(form.session, {"widgets"}) == nullptr);
     }
 
     void BytesGoThereAndBack() {

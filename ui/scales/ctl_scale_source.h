@@ -1,0 +1,63 @@
+#pragma once
+
+#include <QWidget>
+#include <vector>
+
+#include "ui/document_session.h"
+#include "ui/scales/scale_choices.h"
+
+class QHBoxLayout;
+class QToolButton;
+
+namespace calyx::ui {
+
+// The editor of a scale's source, as its kind has it: chips that are removed by a click, Enter or Delete
+// and a button that adds one; a choice where there is one source; words where there is nothing to choose.
+// Its object name is the key of the line.
+class ctlScaleSource : public QWidget {
+    Q_OBJECT
+
+  public:
+    ctlScaleSource(DocumentSession& session, int scale, QWidget* parent);
+
+    void Refresh();  // after every change of the document
+    // For the tool tips and screen readers of whatever stands there.
+    void Describe(const QString& tip, const QString& description);
+
+  signals:
+    void Focused();
+    void ParameterWanted(const QString& key);
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    struct Shows {
+        std::int32_t kind = 0;
+        std::vector<SourceChoice> present, offered;
+        friend bool operator==(const Shows&, const Shows&) = default;
+    };
+
+    void Build();
+    void BuildChips();
+    void BuildChoice();
+    void BuildNoPort();
+    QToolButton* MakeChip(const SourceChoice& source);
+    void Say(int text);
+    void Adopt(QWidget* control);  // into the line, the focus and the descriptions
+    void OfferMore(QToolButton* button);
+    void Take(const std::vector<std::int32_t>& sources);
+    void Remove(std::int32_t source);
+    const CScale& Scale() const;
+    const ResourceTexts& Texts() const { return session_.Context().texts; }
+
+    DocumentSession& session_;
+    int scale_;
+    Shows shown_;
+    QHBoxLayout* line_;
+    QWidget* content_ = nullptr;
+    std::vector<QWidget*> controls_;  // those that take the focus, in their order
+    QString tip_, description_;
+};
+
+}  // namespace calyx::ui
