@@ -38,8 +38,16 @@ class Compare final : public Command {
         const Held held = ReadIndicator(program, link, progress);
         const ChangeSet changes = AgainstIndicator(document, held, groups, program.Model().target.Gated());
         ListDifferences(program, changes, document, held.document);
-        if (changes.Empty()) program.Say("no differences");
-        return changes.Empty() ? kDone : kFindings;
+        bool cardsDiffer = false;
+        for (const KeyValue& line : held.lines) {
+            if (line.key != "HARDWARE") continue;
+            for (const BrokenRule& rule : document.ValidateLiveHardware("HARDWARE=" + line.value)) {
+                program.Say(rule.text);
+                cardsDiffer = true;
+            }
+        }
+        if (changes.Empty() && !cardsDiffer) program.Say("no differences");
+        return changes.Empty() && !cardsDiffer ? kDone : kFindings;
     }
 
   private:

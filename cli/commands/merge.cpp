@@ -55,7 +55,11 @@ class Merge final : public Command {
         document.Apply(changes);
         document.Save(*output_, false);
         ListDifferences(program, Difference(before.Lines(), document.Lines()), before, document);
-        return missing ? kFindings : kDone;
+        std::vector<std::string> keys;
+        for (const Change& change : changes.Changes()) keys.push_back(change.key);
+        const auto lost = document.NotKept(keys);
+        SayRefused(program, lost);
+        return missing || !lost.empty() ? kFindings : kDone;
     }
 
   private:

@@ -46,6 +46,10 @@ class Set final : public Command {
         const bool some = lines.size() > taken.refused.size() || !taken.changes.Empty();
         std::move(taken.refused.begin(), taken.refused.end(), std::back_inserter(refused));
         if (some) document.Save(output_.value_or(file_), false);
+        std::vector<std::string> keys;
+        for (const KeyValue& line : lines) keys.push_back(line.key);
+        auto lost = document.NotKept(keys);
+        std::move(lost.begin(), lost.end(), std::back_inserter(refused));
 
         ListDifferences(program, taken.changes, before, document);
         SayRefused(program, refused);

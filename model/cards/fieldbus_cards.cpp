@@ -1,5 +1,7 @@
 #include "model/cards/fieldbus_cards.h"
 
+#include <algorithm>
+
 #include "model/cards/card_types.h"
 #include "model/language/text.h"
 
@@ -80,15 +82,26 @@ void CFieldbusCards::MarkSaved() {
     Section::MarkSaved();
 }
 
+// Whether anything would be taken: a refused line makes no card.
+bool CFieldbusCards::IsTaken(int number, const std::vector<Change>& lines, Check check) const {
+    CFieldbusCards trial(*this);
+    trial.Add(number);
+    return trial.Take(lines, check).size() < lines.size();
+}
+
 // A card comes with its first line and goes when all its lines go.
-void CFieldbusCards::Prepare(std::vector<Change>& changes, Check, const ValueOf&) {
-    std::map<int, bool> lines;  // by card: whether any line stays
+void CFieldbusCards::Prepare(std::vector<Change>& changes, Check check, const ValueOf&) {
+    std::map<int, std::vector<Change>> lines;  // by card
     for (const Change& change : changes) {
-        if (const int number = NumberOf(change.key)) lines[number] |= change.after.has_value();
+        if (const int number = NumberOf(change.key)) lines[number].push_back(change);
     }
-    for (const auto& [number, stays] : lines) {
-        if (stays && !Exists(number)) Add(number);
-        if (!stays) present_.erase(number);
+    for (const auto& [number, own] : lines) {
+        const auto gone = std::count_if(own.begin(), own.end(), [](const Change& c) { return !c.after; });
+        if (gone == static_cast<std::ptrdiff_t>(kFieldbusTable.rows.size())) {
+            present_.erase(number);
+        } else if (!Exists(number) && gone < std::ssize(own) && IsTaken(number, own, check)) {
+            Add(number);
+        }
     }
 }
 

@@ -45,6 +45,7 @@ class CFieldbusCards : public Section {
 
   private:
     void Add(int number);
+    bool IsTaken(int number, const std::vector<Change>& lines, Check check) const;
 
     std::map<int, CFieldbusCard> cards_;  // those removed stay until the next save, with what was saved
     std::set<int> present_, saved_;

@@ -31,6 +31,13 @@ class AliasCheck {
             if (section->Name() == "widgets") continue;  // they check their names themselves
             for (const Item* item : section->Items()) CheckItem(*section, *item);
         }
+        for (const int number : document_.Widgets().Numbers()) {
+            const std::string name(Trim(document_.Widgets().widget(number).Values().name.Trimmed()));
+            const auto first = seen_.find(Upper(name));
+            if (name.empty() || first == seen_.end()) continue;
+            rules_.Add({"widgets", number, "WDGT#" + std::to_string(number),
+                        document_.Context().texts.Format(kAliasTwice, {name, first->second.title})});
+        }
     }
 
   private:
@@ -86,22 +93,30 @@ void CheckHardwareSources(const CIndicator& document, CBrokenRules& rules) {
     }
 }
 
-// A point that works as an input cannot be switched by a setpoint as well.
+// A point that works as an input cannot be switched by a setpoint as well. Only outputs that the
+// setpoint's kind writes count.
 void CheckDigitalPoints(const CIndicator& document, CBrokenRules& rules) {
+    constexpr std::string_view kBit = "BIT";
     const CHardware& hardware = document.Hardware();
     for (const CSetpoint& setpoint : document.Setpoints()) {
-        const SetpointFields& fields = setpoint.Values();
-        const bool writes =
-            setpoint.Parameters().Text(0) != "OFF" && fields.digOutCard > 0 && fields.digOutPos > 0;
-        if (!writes || !hardware.HasDigitalIO(fields.digOutCard)) continue;
-        const CDigitalIO& points = hardware.DigitalIO(fields.digOutCard);
-        if (fields.digOutPos > points.NumberOfPoints()) continue;
-        const std::string function(points.PointDefinition(fields.digOutPos));
-        if (function == "OFF" || function == "OUTPUT") continue;
-        rules.Add({"hardware", fields.digOutCard,
-                   "DIO." + std::to_string(fields.digOutPos) + "#" + std::to_string(fields.digOutCard),
-                   document.Context().texts.Format(kPointIsInput, {std::to_string(fields.digOutPos), function,
-                                                                   std::to_string(setpoint.Number())})});
+        const std::int32_t slot = setpoint.Values().digOutCard;
+        if (slot <= 0 || !hardware.HasDigitalIO(slot)) continue;
+        const CDigitalIO& points = hardware.DigitalIO(slot);
+        const auto& rows = setpoint.Parameters();
+        const std::vector<bool> written = rows.WrittenRows();
+        for (std::size_t row = 0; row < rows.RowCount(); ++row) {
+            const std::string_view stem = rows.Info(row).stem;
+            const bool output = stem == "DIGOUT" || stem == "DUNDER" || stem == "DOVER" || stem == "DACCEPT";
+            if (!output || !written[row]) continue;
+            const std::string text = rows.Text(row);
+            const auto point = text.starts_with(kBit) ? ReadInteger(text.substr(kBit.size())) : std::nullopt;
+            if (!point || point->value < 1 || point->value > points.NumberOfPoints()) continue;
+            const std::string function(points.PointDefinition(point->value));
+            if (function == "OFF" || function == "OUTPUT") continue;
+            rules.Add({"hardware", slot, "DIO." + std::to_string(point->value) + "#" + std::to_string(slot),
+                       document.Context().texts.Format(kPointIsInput, {std::to_string(point->value), function,
+                                                                       std::to_string(setpoint.Number())})});
+        }
     }
 }
 
@@ -116,12 +131,11 @@ void CrossCheck(const CIndicator& document, CBrokenRules& rules) {
     CheckDigitalPoints(document, rules);
     CheckScalePorts(
         document.Scales(), [&](int port) { return hardware.InputOf(port); }, texts, rules);
-    CheckSetpointSurroundings(
-        document.Setpoints(),
-        {.scaleExists = scaleExists,
-         .pulseInputExists = {},  // the main board has some, too
-         .digitalSlotExists = [&](int slot) { return hardware.HasDigitalIO(slot); }},
-        texts, rules);
+    CheckSetpointSurroundings(document.Setpoints(),
+                              {.scaleExists = scaleExists,
+                               .pulseInputExists = {},  // the main board has some, too
+                               .digitalSlotExists = [&](int slot) { return hardware.HasDigitalIO(slot); }},
+                              texts, rules);
     CheckWidgetScales(document.Widgets(), scaleExists, texts, rules);
     document.Tickets().CheckPorts([&](int port) { return hardware.HasPort(port); }, rules);
 }

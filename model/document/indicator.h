@@ -96,6 +96,9 @@ class CIndicator {
         std::vector<Refusal> refused;
     };
     Taken Import(const std::vector<KeyValue>& lines);
+    // Of these keys those whose value the file cannot hold as things stand: it would read otherwise when
+    // opened again. A setpoint that is off has no line for its alias.
+    std::vector<Refusal> NotKept(const std::vector<std::string>& keys) const;
     // Applies changes as they are, for undo, redo and merge; what no section took is told.
     Taken Apply(const ChangeSet& changes);
     // Takes values read back from a connected indicator, as leniently as a file is read: what only the
@@ -128,6 +131,7 @@ class CIndicator {
                            std::initializer_list<std::string_view> arguments) const;
     void NeedDocument(const char* operation) const;
     Taken TakeChanges(const std::vector<Change>& changes, Section::Check check);
+    void FollowFieldbusCards(std::vector<Change>& changes) const;
     // What the changes make of a value, before they are taken.
     std::optional<std::string> ValueAfter(const std::vector<Change>& changes, std::string_view key) const;
 

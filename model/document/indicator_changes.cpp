@@ -86,10 +86,25 @@ CIndicator::Taken CIndicator::Import(const std::vector<KeyValue>& lines) {
             }
             changes.push_back({line.key, std::nullopt, line.value});
         }
+        FollowFieldbusCards(changes);
         Taken taken = TakeChanges(changes, Section::Check::Strict);
         std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
         return taken;
     });
+}
+
+std::vector<Refusal> CIndicator::NotKept(const std::vector<std::string>& keys) const {
+    constexpr int kNotKept = 2922;  // {1} key, {2} what it reads as again
+    NeedDocument("NotKept");
+    CIndicator again(*context_);
+    again.LoadText(FileText(), filename_);
+    std::vector<Refusal> lost;
+    for (const std::string& key : keys) {
+        const auto now = Value(key), then = again.Value(key);
+        if (!now || now == then) continue;
+        lost.push_back({key, *now, context_->texts.Format(kNotKept, {key, then.value_or("")})});
+    }
+    return lost;
 }
 
 CIndicator::Taken CIndicator::UpdateFromIndicator(std::string_view dump) {
@@ -108,17 +123,36 @@ CIndicator::Taken CIndicator::Apply(const ChangeSet& changes) {
     });
 }
 
+// A fieldbus card comes and goes with its slot. Lines of it that the changes name themselves go before.
+void CIndicator::FollowFieldbusCards(std::vector<Change>& changes) const {
+    std::vector<Change> more;
+    for (const Change& change : changes) {
+        if (!EqualNoCase(change.key, "HARDWARE") || !change.after) continue;
+        SlotFields wanted;
+        if (kSlotTable.rows[0].take(wanted, *change.after) == calyx::Taken::Not) continue;
+        for (int slot = 1; slot <= card::kSlots; ++slot) {
+            const bool was = card::IsFieldbus(Hardware().CardType(slot));
+            const bool is = card::IsFieldbus(wanted.codes[static_cast<std::size_t>(slot - 1)]);
+            const bool exists = FieldbusCards().Exists(slot);
+            const auto lines = is && !exists          ? FieldbusCards().Adding(slot)
+                               : was && !is && exists ? FieldbusCards().Removing(slot)
+                                                      : std::vector<Change>();
+            more.insert(more.end(), lines.begin(), lines.end());
+        }
+    }
+    std::erase_if(more, [&](const Change& line) {
+        return std::any_of(changes.begin(), changes.end(),
+                           [&](const Change& named) { return EqualNoCase(named.key, line.key); });
+    });
+    changes.insert(changes.end(), more.begin(), more.end());
+}
+
 CIndicator::Taken CIndicator::ChangeCard(int slot, std::int32_t code) {
     return As("Calyx.CIndicator.ChangeCard", [&] {
         NeedDocument("ChangeCard");
-        const std::string slots = Hardware().HardwareWith(slot, code);
-        std::vector<Change> changes{{"HARDWARE", std::nullopt, slots}};
-        const auto append = [&](const std::vector<Change>& more) {
-            changes.insert(changes.end(), more.begin(), more.end());
-        };
-        const bool fieldbus = card::IsFieldbus(code);
-        if (!fieldbus && card::IsFieldbus(Hardware().CardType(slot))) append(FieldbusCards().Removing(slot));
-        if (fieldbus && !FieldbusCards().Exists(slot)) append(FieldbusCards().Adding(slot));
+        if (code == card::kReserved) return Taken{};
+        std::vector<Change> changes{{"HARDWARE", std::nullopt, Hardware().HardwareWith(slot, code)}};
+        FollowFieldbusCards(changes);
         return TakeChanges(changes, Section::Check::Strict);
     });
 }

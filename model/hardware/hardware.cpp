@@ -118,7 +118,7 @@ void CHardware::Prepare(std::vector<Change>& changes, Check check, const ValueOf
         if (!EqualNoCase(change.key, kHardware)) continue;
         SlotFields wanted = slots_.fields;
         const std::string text = change.after.value_or(slots_.InitialText(0));
-        if (kSlotTable.rows[0].take(wanted, text) != Taken::Whole) continue;
+        if (kSlotTable.rows[0].take(wanted, text) == Taken::Not) continue;
         for (int slot = 1; slot <= card::kSlots; ++slot) {
             if (wanted.codes[Place(slot)] != CardType(slot)) SetCard(slot, wanted.codes[Place(slot)]);
         }
@@ -143,20 +143,23 @@ void CHardware::AddNewCard(int slot, std::int32_t code) {
 }
 
 void CHardware::SetCard(int slot, std::int32_t code) {
-    slots_.fields.codes[Place(slot)] = code;
-    // What the card brings starts from its defaults, also where such a card was there before.
+    const int second = card::SecondChannel(slot);
+    const bool same = CardType(slot) == code;
+    const bool hadFirst = HasAnalogOutput(slot) && !same, hadSecond = HasAnalogOutput(second) && !same;
+    slots_.fields.codes[Place(slot)] = card::IsEmpty(code) ? card::kEmptySlot : code;
+    MakeRoom();
+    // What the card brings starts from its defaults, also where such a card was there before. A channel
+    // that the card before had, too, goes on as it is.
     const auto reload = [](auto& objects, int number) {
         if (const auto found = objects.find(number); found != objects.end()) found->second.ReloadDefaults();
     };
-    MakeRoom();
     if (code == card::kDualSerial) {
         for (const int port : {card::FirstPort(slot), card::FirstPort(slot) + 1}) reload(ports_, port);
     }
     if (HasDigitalIO(slot)) reload(digital_, slot);
     if (HasMemoryCard(slot)) reload(memory_, slot);
-    for (const int channel : {slot, card::SecondChannel(slot)}) {
-        if (HasAnalogOutput(channel)) reload(analog_, channel);
-    }
+    if (HasAnalogOutput(slot) && !hadFirst) reload(analog_, slot);
+    if (HasAnalogOutput(second) && !hadSecond) reload(analog_, second);
 }
 
 void CHardware::RemoveExistingCard(int slot) {

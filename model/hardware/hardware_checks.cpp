@@ -12,13 +12,22 @@ namespace {
 constexpr int kLiveCard = 2920;        // {1} slot, {2} card here, {3} card there
 constexpr int kNoStreamSource = 4401;  // {1} stream type
 constexpr int kZeroToken = 4403;       // {1} token
-constexpr int kHalfTrim = 4405;        // of the calibration counts one is zero
-constexpr int kEmptyRange = 4406;      // minimum and maximum are equal
-constexpr int kNamedOff = 4407;        // {1} point, {2} alias
+constexpr int kNoTrim = 4405;          // a calibration count is zero
+constexpr int kCannotStream = 4404;    // {1} input type, {2} stream type
+constexpr int kStreamOff = 4409;
+constexpr int kNoSuchCard = 4410;  // {1} slot, {2} code
+constexpr int kEmptyRange = 4406;  // minimum and maximum are equal
+constexpr int kNamedOff = 4407;    // {1} point, {2} alias
 
 }  // namespace
 
 void CHardware::AddBrokenRules(CBrokenRules& rules) const {
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        const std::int32_t code = CardType(slot);
+        if (card::IsEmpty(code) || code <= card::kLast) continue;
+        rules.Add({std::string(Name()), slot, "HARDWARE",
+                   Context().texts.Format(kNoSuchCard, {std::to_string(slot), std::to_string(code)})});
+    }
     ValidateCommPorts(rules);
     ValidateAnalog(rules);
     ValidateDigital(rules);
@@ -38,6 +47,13 @@ void CHardware::ValidateCommPorts(CBrokenRules& rules) const {
         if (fields.CanStream() && fields.Streams() && fields.source == 0) {
             add("EDP.STREAM#", texts.Format(kNoStreamSource, {fields.streamType.Trimmed()}));
         }
+        const bool set = fields.source != 0 || fields.streamFormat.Trimmed() != "DEFAULT";
+        if (!fields.CanStream() && fields.Streams()) {
+            add("EDP.INPUT#",
+                texts.Format(kCannotStream, {fields.inputType.Trimmed(), fields.streamType.Trimmed()}));
+        } else if (fields.CanStream() && !fields.Streams() && set) {
+            add("EDP.STREAM#", texts.Text(kStreamOff));
+        }
         // The line of this token is never read back.
         if (const std::string& token = port.Stream().Values().coz; token != "Z") {
             add("STR.ZERO#", texts.Format(kZeroToken, {token}));
@@ -52,9 +68,9 @@ void CHardware::ValidateAnalog(CBrokenRules& rules) const {
             rules.Add(
                 {std::string(Name()), number, stem + std::to_string(number), Context().texts.Text(text)});
         };
-        // A single count of zero leaves both lines out, and both come back as their initial values.
+        // A count of zero leaves both lines out, and both come back as their initial values.
         const bool noZero = fields.zeroCal == 0, noSpan = fields.spanCal == 0;
-        if (noZero != noSpan) add(noZero ? "ALG.ZERO#" : "ALG.SPAN#", kHalfTrim);
+        if (noZero || noSpan) add(noZero ? "ALG.ZERO#" : "ALG.SPAN#", kNoTrim);
         if (fields.minimum == fields.maximum) add("ALG.MAX#", kEmptyRange);
     }
 }
@@ -76,8 +92,9 @@ CBrokenRules CHardware::ValidateLiveHardware() const {
     CBrokenRules rules;
     const auto code = [](std::int32_t type) { return std::to_string(card::IsEmpty(type) ? 0 : type); };
     for (int slot = 1; slot <= card::kSlots; ++slot) {
-        const std::string here = code(CardType(slot)), there = code(LiveCardType(slot));
-        if (here == there) continue;
+        const auto name = [&](std::int32_t type) { return Context().texts.Text(card::Name(type)); };
+        const std::string here = name(CardType(slot)), there = name(LiveCardType(slot));
+        if (code(CardType(slot)) == code(LiveCardType(slot))) continue;
         rules.Add({std::string(Name()), slot, "HARDWARE",
                    Context().texts.Format(kLiveCard, {std::to_string(slot), here, there})});
     }

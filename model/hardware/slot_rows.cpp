@@ -17,18 +17,18 @@ void WriteSlots(std::string& out, const F& fields, const Target&) {
     }
 }
 
-// Exactly 14 numbers, or nothing is taken.
+// Exactly 14 entries, or nothing is taken. An entry that is no number is an empty slot.
 Taken TakeSlots(F& fields, std::string_view text) {
     const auto pieces = Split(text, ',');
     if (pieces.size() != fields.codes.size()) return Taken::Not;
-    F taken;
+    bool whole = true;
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         const auto code = ReadInteger(pieces[i]);
-        if (!code || !code->whole || code->value < 0) return Taken::Not;
-        taken.codes[i] = card::IsEmpty(code->value) ? card::kEmptySlot : code->value;
+        const bool good = code && code->value >= 0;
+        whole = whole && good && code->whole;
+        fields.codes[i] = good && !card::IsEmpty(code->value) ? code->value : card::kEmptySlot;
     }
-    fields = taken;
-    return Taken::Whole;
+    return whole ? Taken::Whole : Taken::Part;
 }
 
 constexpr Row<F> kRows[] = {

@@ -72,6 +72,7 @@ Checked CheckList(const RowInfo& info, const CTextList* list, std::string_view v
                   const std::string& initial) {
     if (list != nullptr && info.more.older != nullptr) value = info.more.older(value, *list);
     if (list == nullptr || info.more.offered || list->ValidateItem(Trim(value))) return {value};
+    if (info.more.emptyKeeps && Trim(value).empty()) return {value};
     switch (info.more.unknown) {
         case Unknown::First:
             return {list->First(), true};

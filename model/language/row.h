@@ -52,6 +52,7 @@ struct More {
     std::string_view absentValue = {};
     Absent absent = Absent::Keep;
     Unknown unknown = Unknown::Default;
+    bool emptyKeeps = false;  // an empty value leaves the field, whatever the list says
     Use use = Use::Line;
     std::string_view readAs = {};  // looked up under this key instead; "{n}": the number
     // What a word of older firmware means today, before the list is asked; other words come back as they are.

@@ -45,6 +45,19 @@ void CCommPort::SetAlias(std::string_view alias) {
     fields.alias.Assign(alias);
 }
 
+void CCommPort::RestoreState(Dictionary& lines, ReadReport& report) {
+    RowObject::RestoreState(lines, report);
+    stream_.RestoreState(lines, report);
+}
+
+bool CCommPort::SendToIndicator(ILineSender& sender, IDownload& download, bool inputFirst) const {
+    const auto& rows = Parameters();
+    const std::string key = "EDP.INPUT#" + std::to_string(PortNumber());
+    if (inputFirst && !SendLines(key + "=" + rows.Text(*rows.Find(key)), sender, download)) return false;
+    if (!SendLines(GetTextOutput(false), sender, download)) return false;
+    return !Values().UsesStreamDefinition() || SendLines(stream_.GetTextOutput(false), sender, download);
+}
+
 void CCommPort::AppendSent(std::string& out, const Target& target) const {
     Parameters().Append(out, target);
     if (Values().UsesStreamDefinition()) stream_.Parameters().Append(out, target);

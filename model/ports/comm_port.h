@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "model/language/row_object.h"
+#include "model/language/section.h"
 #include "model/ports/port_lists.h"
 #include "model/ports/stream.h"
 
@@ -29,6 +30,11 @@ class CCommPort : public RowObject<PortFields> {
     void SetAlias(
         std::string_view alias);  // at most 8 characters, else 10001; an identifier or empty, else 10010
 
+    void RestoreState(Dictionary& lines, ReadReport& report);  // with its stream
+    bool IsDirty() const { return RowObject::IsDirty() || stream_.IsDirty(); }
+    // The lines for the target version, and the stream's behind them where it is in use and they were taken.
+    // `inputFirst`: the input type goes before all others. False: stopped by the callback.
+    bool SendToIndicator(ILineSender& sender, IDownload& download, bool inputFirst = false) const;
     // What a download sends: the gated lines, and the stream's where the port uses its definition.
     void AppendSent(std::string& out, const Target& target) const;
     // One constant of the Scrivo language, the alias with its padding; nothing without an alias.

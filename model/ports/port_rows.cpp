@@ -46,16 +46,19 @@ inline constexpr Codec<FixedText<8>> kAlias{
         value.Assign(good ? text : std::string_view());
         return good ? Taken::Whole : Taken::Not;
     },
-    "a name of 1 to 8 letters, digits or \"_\", not beginning with a digit and no word of the Scrivo language"};
+    "a name of 1 to 8 letters, digits or \"_\", not beginning with a digit and no word of the Scrivo "
+    "language"};
 
 template <int Min, int Max>
 inline constexpr Codec<std::int32_t> kIntegerWithin{
-    ValueKind::Integer, 11, kInteger.write, [](std::int32_t& value, std::string_view text) {
+    ValueKind::Integer, 11, kInteger.write,
+    [](std::int32_t& value, std::string_view text) {
         const auto number = ReadInteger(text);
         if (!number || number->value < Min || number->value > Max) return Taken::Not;
         value = number->value;
         return number->whole ? Taken::Whole : Taken::Part;
-    }};
+    },
+    Min == 0 && Max == 255 ? "a whole number from 0 to 255" : ""};
 
 // "SCALE3". Read by length: from six characters on the number behind the word, of one or two
 // characters the number itself; three to five say nothing.
@@ -69,7 +72,8 @@ inline constexpr Codec<std::int32_t> kSource{ValueKind::Integer, 10,
                                                      return Taken::Not;
                                                  return kIntegerWithin<-32768, 32767>.take(
                                                      value, text.size() < 6 ? text : text.substr(5));
-                                             }};
+                                             },
+                                             "SCALE and a number from 0 to 32, or 0 to 32"};
 
 // One row a line, as a table. The order is that of the page; it is also the order of reading, in which
 // the source must stand before the stream type.

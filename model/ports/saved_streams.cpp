@@ -6,6 +6,7 @@
 
 #include "model/language/error.h"
 #include "model/language/text.h"
+#include "model/ports/stream.h"
 
 namespace calyx {
 
@@ -72,6 +73,12 @@ std::string SectionText(const std::string& name, const StreamFields& stream) {
     return text;
 }
 
+StreamFields InitialStream(const ModelContext& context) {
+    CStream fresh(context);
+    fresh.Initialize(1);
+    return fresh.Values();
+}
+
 void TakeLine(StreamFields& stream, std::string_view key, std::string_view value) {
     if (EqualNoCase(key, "Positive")) stream.positive = SignCode(value, '+');
     if (EqualNoCase(key, "Negative")) stream.negative = SignCode(value, '-');
@@ -108,7 +115,7 @@ std::optional<StreamFields> SavedStreams::Load(std::string_view name) const {
     ForEachLine(Read(), [&](std::string_view line) {
         if (const auto heading = Heading(line)) {
             inside = EqualNoCase(*heading, section);
-            if (inside && !stream) stream.emplace();
+            if (inside && !stream) stream = InitialStream(*context_);  // for keys that are missing
             return;
         }
         const std::size_t equals = line.find('=');

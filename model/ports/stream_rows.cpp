@@ -10,11 +10,6 @@ using S = StreamFields;
 constexpr int kTitle = 4100;  // as the port's: they are shown together
 constexpr int kSigns = 4105, kTokens = 4106;
 
-// An empty value says nothing. Any word that is not in the list is no sign at all, the list's last entry.
-std::string_view SignWord(std::string_view word, const CTextList& list) {
-    return Trim(word).empty() ? std::string_view(list.Default()) : word;
-}
-
 // The sign of a weight: itself, a blank, nothing.
 template <char Sign>
 inline constexpr Codec<std::int32_t> kPolarity{
@@ -39,7 +34,8 @@ inline constexpr Codec<std::string> kToken{
         if (text.size() > S::kTokenWidth) return Taken::Not;
         value = text.empty() ? std::string_view(" ") : text;
         return Taken::Whole;
-    }};
+    },
+    "1 to 8 characters"};
 
 inline constexpr Codec<std::string> kFormatText{
     ValueKind::Text, S::kFormatWidth,
@@ -48,25 +44,26 @@ inline constexpr Codec<std::string> kFormatText{
         if (text.size() > S::kFormatWidth) return Taken::Not;
         value = text;
         return Taken::Whole;
-    }};
+    },
+    "at most 200 characters"};
 
 // clang-format off
 constexpr Row<S> kStreamRows[] = {
-    row<&S::format, kFormatText>("EDP.SFMT", "<002><P><W7.><U><M><S><CR><LF>", {.label = 4034, .group = kTokens, .help = 4234}),
-    row<&S::positive, kPolarity<'+'>>("STR.POS", "SPACE", {.list = "STR.POS", .label = 4021, .group = kSigns, .help = 4221, .unknown = Unknown::Last, .older = SignWord}),
-    row<&S::negative, kPolarity<'-'>>("STR.NEG", "-", {.list = "STR.NEG", .label = 4022, .group = kSigns, .help = 4222, .unknown = Unknown::Last, .older = SignWord}),
-    row<&S::primary, kToken>("STR.PRI", "L", {.label = 4023, .group = kTokens, .help = 4223}),
-    row<&S::secondary, kToken>("STR.SEC", "K", {.label = 4024, .group = kTokens, .help = 4223}),
-    row<&S::tertiary, kToken>("STR.TER", "K", {.label = 4025, .group = kTokens, .help = 4223}),
-    row<&S::gross, kToken>("STR.GROSS", "G", {.label = 4026, .group = kTokens, .help = 4226}),
-    row<&S::net, kToken>("STR.NET", "N", {.label = 4027, .group = kTokens, .help = 4226}),
-    row<&S::tare, kToken>("STR.TARE", "T", {.label = 4028, .group = kTokens, .help = 4226}),
-    row<&S::motion, kToken>("STR.MOTION", "M", {.label = 4029, .group = kTokens, .help = 4229}),
-    row<&S::range, kToken>("STR.RANGE", "O", {.label = 4030, .group = kTokens, .help = 4229}),
-    row<&S::ok, kToken>("STR.OK", " ", {.label = 4031, .group = kTokens, .help = 4229}),
-    row<&S::invalid, kToken>("STR.INVALID", "I", {.label = 4032, .group = kTokens, .help = 4229}),
+    row<&S::format, kFormatText>("EDP.SFMT", "<002><P><W7.><U><M><S><CR><LF>", {.label = 4034, .group = kTokens, .help = 4234, .absent = Absent::Initial}),
+    row<&S::positive, kPolarity<'+'>>("STR.POS", "SPACE", {.list = "STR.POS", .label = 4021, .group = kSigns, .help = 4221, .unknown = Unknown::Last, .emptyKeeps = true}),
+    row<&S::negative, kPolarity<'-'>>("STR.NEG", "-", {.list = "STR.NEG", .label = 4022, .group = kSigns, .help = 4222, .unknown = Unknown::Last, .emptyKeeps = true}),
+    row<&S::primary, kToken>("STR.PRI", "L", {.label = 4023, .group = kTokens, .help = 4223, .absent = Absent::Initial}),
+    row<&S::secondary, kToken>("STR.SEC", "K", {.label = 4024, .group = kTokens, .help = 4223, .absent = Absent::Initial}),
+    row<&S::tertiary, kToken>("STR.TER", "K", {.label = 4025, .group = kTokens, .help = 4223, .absent = Absent::Initial}),
+    row<&S::gross, kToken>("STR.GROSS", "G", {.label = 4026, .group = kTokens, .help = 4226, .absent = Absent::Initial}),
+    row<&S::net, kToken>("STR.NET", "N", {.label = 4027, .group = kTokens, .help = 4226, .absent = Absent::Initial}),
+    row<&S::tare, kToken>("STR.TARE", "T", {.label = 4028, .group = kTokens, .help = 4226, .absent = Absent::Initial}),
+    row<&S::motion, kToken>("STR.MOTION", "M", {.label = 4029, .group = kTokens, .help = 4229, .absent = Absent::Initial}),
+    row<&S::range, kToken>("STR.RANGE", "O", {.label = 4030, .group = kTokens, .help = 4229, .absent = Absent::Initial}),
+    row<&S::ok, kToken>("STR.OK", " ", {.label = 4031, .group = kTokens, .help = 4229, .absent = Absent::Initial}),
+    row<&S::invalid, kToken>("STR.INVALID", "I", {.label = 4032, .group = kTokens, .help = 4229, .absent = Absent::Initial}),
     // Looked up without "#" on purpose: a written line is never found and the token comes back as "Z".
-    row<&S::coz, kToken>("STR.ZERO", "Z", {.label = 4033, .group = kTokens, .help = 4229, .readAs = "STR.ZERO{n}"}),
+    row<&S::coz, kToken>("STR.ZERO", "Z", {.label = 4033, .group = kTokens, .help = 4229, .absent = Absent::Initial, .readAs = "STR.ZERO{n}"}),
 };
 // clang-format on
 constexpr Lines streamLines{kStreamRows};

@@ -156,8 +156,9 @@ void CSetpoints::Prepare(std::vector<Change>& changes, Check check, const ValueO
                 changes.push_back({std::move(key), std::nullopt, std::move(value)});
         };
         if (item.fields.IsOff() && !item.fields.alias.Trimmed().empty()) bring("ALIAS", "");
+        // A trip that is named with it and is no band is refused then.
         if (item.fields.kind == SetpointKind::PulseRate && !item.fields.TripsInBand())
-            bring("TRIP", "INBAND");
+            item.fields.trip.Assign("INBAND");
     }
 }
 

@@ -97,7 +97,8 @@ TEST_F(Document, InstalledCardsAreComparedSlotBySlot) {
     EXPECT_TRUE(document.ValidateLiveHardware("UID=1\r\nHARDWARE=1,0,5,0,0,0,0,0,0,0,0,0,0,0\r\n").empty());
     const auto rules = document.ValidateLiveHardware("HARDWARE=1,7,5,0,0,0,0,0,0,0,0,0,0,4\r\n");
     ASSERT_EQ(rules.size(), 2u);
-    EXPECT_EQ(rules[0].text, "Slot 2: this configuration has card 0, the indicator reports card 7.");
+    EXPECT_EQ(rules[0].text,
+              "Slot 2: this configuration has the card \"Empty\", the indicator reports \"Memory\".");
     EXPECT_EQ(rules[1].item, 14);
 }
 

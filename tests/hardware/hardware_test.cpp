@@ -73,11 +73,12 @@ TEST_F(Hardware, TheLineIsReadWholeOrNotAtAll) {
     const std::string state = hardware.StoreState();
     Read(state);
     EXPECT_EQ(hardware.StoreState(), state);
-    for (const char* line :
-         {"HARDWARE=1,0,0,0,0,0,0,0,0,0,0,0,0", "HARDWARE=", "HARDWARE=1,x,0,0,0,0,0,0,0,0,0,0,0,0"}) {
+    for (const char* line : {"HARDWARE=1,0,0,0,0,0,0,0,0,0,0,0,0", "HARDWARE="}) {
         Read(line);
         EXPECT_FALSE(hardware.ExpansionBoardPresent()) << line;
     }
+    Read("HARDWARE=1,x,0,0,0,0,0,0,0,0,0,0,0,0");  // what is no number is an empty slot
+    EXPECT_EQ(hardware.GetTextOutput(true), "HARDWARE=1,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n");
 }
 
 TEST_F(Hardware, StateHasEveryObjectInItsOrder) {
@@ -114,6 +115,11 @@ TEST_F(Hardware, ACardChangeIsOneStepThatUndoTakesBackWhole) {
     // A card that is put back starts from its defaults.
     hardware.AddNewCard(1, card::kDualSerial);
     EXPECT_EQ(hardware.CommPort(5).Values().alias.View(), "Port5");
+    // The channel that a single and a dual card share goes on as it is.
+    hardware.AddNewCard(2, card::kAnalogOutput);
+    hardware.AnalogOutput(2).SetAlias("Level");
+    hardware.AddNewCard(2, card::kDualAnalogOutput);
+    EXPECT_EQ(hardware.AnalogOutput(2).Values().alias.View(), "Level");
     EXPECT_FALSE(hardware.Take({{"HARDWARE", std::nullopt, "1,2,3"}}, Section::Check::Strict).empty());
     EXPECT_FALSE(hardware.Take({{"EDP.BAUD#9", std::nullopt, "9600"}}, Section::Check::Strict).empty());
 }

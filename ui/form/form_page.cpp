@@ -70,14 +70,13 @@ void FormPage::Build(const QString& reservedLetters, const std::vector<std::stri
         inOrder[i]->SetCaption(marked[static_cast<qsizetype>(i)]);
         if (i > 0) setTabOrder(inOrder[i - 1]->ControlWidget(), inOrder[i]->ControlWidget());
     }
-    std::vector<FieldGroup*> made;
     int labels = 0;
     for (const auto& [number, fields] : groups) {
         auto* group = new FieldGroup(Say(session_.Context().texts, number), fields, content);
         if (!group->IsCheckList()) labels = std::max(labels, group->WidestLabel());
-        made.push_back(group);
+        groups_.emplace_back(group, fields);
     }
-    for (FieldGroup* group : made) {
+    for (const auto& [group, fields] : groups_) {
         group->SetLabelWidth(labels);
         grid->AddGroup(group, group->Weight());
     }
@@ -95,6 +94,10 @@ void FormPage::Refresh() {
     const bool anew = std::exchange(stale_, Stale::No) == Stale::Replaced;
     const PageState state = PageState::Of(session_, item_.section, differing_);
     for (const auto& field : fields_) field->Refresh(state, anew);
+    // No heading without a field.
+    for (const auto& [group, fields] : groups_) {
+        group->setVisible(std::any_of(fields.begin(), fields.end(), [](Field* f) { return f->IsPresent(); }));
+    }
 }
 
 void FormPage::showEvent(QShowEvent* event) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "ui/document_session.h"
@@ -55,6 +56,7 @@ class FormPage : public QScrollArea {
     DocumentSession& session_;
     ItemRef item_;
     std::vector<std::unique_ptr<form::Field>> fields_;
+    std::vector<std::pair<form::FieldGroup*, std::vector<form::Field*>>> groups_;
     std::set<std::string> differing_;  // in capitals
     Stale stale_ = Stale::Replaced;
 };

@@ -12,9 +12,8 @@ PageState PageState::Of(const DocumentSession& session, const std::string& secti
     state.differing = std::move(differing);
     const ChangeSet sinceSave = session.ChangesSinceSave();
     for (const Change& change : sinceSave.Changes()) state.sinceSave.emplace(Upper(change.key), change);
-    for (const Section* each : session.Document().Sections()) {
-        if (each->Name() != section) continue;
-        for (const BrokenRule& rule : each->BrokenRules()) state.problems.emplace(Upper(rule.key), rule.text);
+    for (const BrokenRule& rule : session.Document().Validate()) {
+        if (rule.section == section) state.problems.emplace(Upper(rule.key), rule.text);
     }
     return state;
 }

@@ -191,8 +191,10 @@ bool ctlHardware::MayDrop(int slot, std::int32_t code) {
     fresh.ChangeCard(slot, std::as_const(session_).Document().Hardware().CardType(slot));
     bool settings = false;
     for (const auto& change : taken.changes.Changes()) {
-        if (change.after || !change.before) continue;  // a line that goes
-        settings = settings || fresh.Value(change.key) != change.before;
+        if (!change.before || change.key == "HARDWARE") continue;
+        // A line that goes counts when it says more than a new card's would.
+        settings = settings ||
+                   (change.after ? change.after != change.before : fresh.Value(change.key) != change.before);
     }
     if (!settings) return true;
     const ResourceTexts& texts = session_.Context().texts;

@@ -150,7 +150,7 @@ void ctlItemsPage::Refresh() {
     // The item may have gone with its card.
     if (opened_ && model_->Find(*opened_) < 0) return BackToList();
     if (opened_) {
-        title_->setText(model_->TitleAt(model_->Find(*opened_)));
+        ShowPlace(model_->Find(*opened_));
     } else {
         stack_->setCurrentIndex(model_->rowCount() == 0 ? 1 : 0);
     }
@@ -168,13 +168,17 @@ void ctlItemsPage::Open(const ItemRef& item) {
         pageRoom_->addWidget(page_.widget, 1);
         if (!differing_.empty()) page_.setDiffering(differing_);
     }
-    title_->setText(model_->TitleAt(row));
-    previous_->setEnabled(row > 0);
-    next_->setEnabled(row + 1 < model_->rowCount());
+    ShowPlace(row);
     stack_->setCurrentIndex(2);
     setFocusProxy(page_.widget);
     page_.widget->setFocus();
     emit ItemShown(opened_);
+}
+
+void ctlItemsPage::ShowPlace(int row) {
+    title_->setText(model_->TitleAt(row));
+    previous_->setEnabled(row > 0);
+    next_->setEnabled(row + 1 < model_->rowCount());
 }
 
 void ctlItemsPage::DropPage() {

@@ -48,6 +48,7 @@ class ctlItemsPage : public QWidget {
     QWidget* MakeDetail();
     void Follow();
     void Refresh();
+    void ShowPlace(int row);
     void Walk(int step);
     void BackToList();
     void DropPage();

@@ -38,7 +38,8 @@ std::vector<ItemsModel::Row> ItemsModel::ReadRows() const {
     std::set<std::string> changed;
     const ChangeSet sinceSave = session_.ChangesSinceSave();
     for (const Change& change : sinceSave.Changes()) changed.insert(Upper(change.key));
-    const CBrokenRules rules = section->BrokenRules();
+    std::vector<BrokenRule> rules = document.Validate();
+    std::erase_if(rules, [&](const BrokenRule& rule) { return rule.section != place_.section; });
 
     for (const Item* item : section->Items()) {
         if (!IsListed(place_, *item)) continue;

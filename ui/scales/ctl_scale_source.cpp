@@ -56,9 +56,9 @@ void ctlScaleSource::Refresh() {
     Shows shows{Scale().ScaleType(), PresentSources(document, scale_), OfferedSources(document, scale_)};
     if (content_ != nullptr && shows == shown_) return;
     shown_ = std::move(shows);
-    // The focus stays where it was, or goes to what has moved up there.
-    const auto focused = std::find_if(controls_.begin(), controls_.end(),
-                                      [](const QWidget* each) { return each->hasFocus(); });
+    // The focus stays where it was, or goes to what has moved up there. The window knows it also while a
+    // menu is open.
+    const auto focused = std::find(controls_.begin(), controls_.end(), window()->focusWidget());
     const auto place = static_cast<std::size_t>(focused - controls_.begin());
     const bool hadFocus = focused != controls_.end();
     const bool atEnd = hadFocus && std::next(focused) == controls_.end();

@@ -1,7 +1,6 @@
 #include "ui/setpoints/ctl_trip_drawing.h"
 
 #include <QPainter>
-#include <QPainterPath>
 #include <algorithm>
 #include <array>
 #include <cmath>
@@ -92,26 +91,29 @@ void ctlTripDrawing::DrawStretches(QPainter& painter, const Axis& axis) const {
     }
 }
 
-// Labels stand in the lowest row in which they are free, with a line down to the axis.
+// Labels stand in the lowest row in which they are free, over the lines that lead down to the axis.
 void ctlTripDrawing::DrawMarks(QPainter& painter, const Axis& axis) const {
     const int line = fontMetrics().height();
     std::array<double, kLabelRows> taken;
     taken.fill(-1);
+    std::vector<QRectF> labels;
     for (const TripPicture::Mark& mark : picture_.marks) {
-        const QString words = Words(mark);
-        const double x = axis.At(mark.at), wide = fontMetrics().horizontalAdvance(words) + 2;
+        const double x = axis.At(mark.at), wide = fontMetrics().horizontalAdvance(Words(mark)) + 2;
         const double left = std::clamp(x - wide / 2, 0.0, std::max(0.0, width() - wide));
         std::size_t row = 0;
         while (row + 1 < taken.size() && taken[row] > left) ++row;
         taken[row] = left + wide + metrics::kRelated;
         const int top = axis.y - kBar / 2 - metrics::kHalf - static_cast<int>(row + 1) * line;
+        labels.emplace_back(left, top, wide, line);
         const bool trip = mark.style == TripPicture::Style::Trip;
         painter.setPen(
             QPen(palette().color(trip ? role::kText : role::kIcon), 1, trip ? Qt::SolidLine : Qt::DashLine));
         painter.drawLine(QPointF(x, top + line), QPointF(x, axis.y + kBar / 2.0));
-        painter.fillRect(QRectF(left, top, wide, line), palette().color(role::kWindow));
-        painter.setPen(palette().color(role::kText));
-        painter.drawText(QRectF(left, top, wide, line), Qt::AlignCenter, words);
+    }
+    painter.setPen(palette().color(role::kText));
+    for (std::size_t i = 0; i < labels.size(); ++i) {
+        painter.fillRect(labels[i], palette().color(role::kWindow));
+        painter.drawText(labels[i], Qt::AlignCenter, Words(picture_.marks[i]));
     }
 }
 

@@ -4,6 +4,8 @@
 #include "ui/hardware/ctl_hardware.h"
 #include "ui/hardware/ctl_port.h"
 #include "ui/items/ctl_items_page.h"
+#include "ui/scales/ctl_scale.h"
+#include "ui/setpoints/ctl_setpoint.h"
 #include "ui/window/ctl_kept_page.h"
 
 namespace calyx::ui {
@@ -35,10 +37,40 @@ Page MakePort(DocumentSession& session, const ItemRef& item, const PageTools& to
             [page](const std::set<std::string>& keys) { page->Form()->SetDiffering(keys); }};
 }
 
+Page MakeScale(DocumentSession& session, const ItemRef& item, const PageTools& tools,
+               const PageEvents& events) {
+    auto* page = new ctlScale(session, item, tools);
+    QObject::connect(page, &ctlScale::KeyFocused, page, events.keyFocused);
+    QObject::connect(page, &ctlScale::ParameterWanted, page, events.parameterWanted);
+    QObject::connect(page->Form(), &FormPage::KeyFocused, page, events.keyFocused);
+    QObject::connect(page->Form(), &FormPage::ShowInLines, page, events.showInLines);
+    return {page, [page](const QString& key) { return page->FocusKey(key); },
+            [page](const std::set<std::string>& keys) { page->SetDiffering(keys); }};
+}
+
+Page MakeSetpoint(DocumentSession& session, const ItemRef& item, const PageTools& tools,
+                  const PageEvents& events) {
+    auto* page = new ctlSetpoint(session, item, tools);
+    QObject::connect(page, &ctlSetpoint::ParameterWanted, page, events.parameterWanted);
+    QObject::connect(page->Form(), &FormPage::KeyFocused, page, events.keyFocused);
+    QObject::connect(page->Form(), &FormPage::ShowInLines, page, events.showInLines);
+    return {page, [page](const QString& key) { return page->Form()->FocusKey(key); },
+            [page](const std::set<std::string>& keys) { page->Form()->SetDiffering(keys); }};
+}
+
 Page MakeItem(DocumentSession& session, const ItemRef& item, const PageTools& tools,
               const PageEvents& events) {
-    constexpr int kPort = 4100;  // title of a serial port
-    return item.kind == kPort ? MakePort(session, item, tools, events) : MakeForm(session, item, events);
+    constexpr int kScale = 3100, kSetpoint = 3500, kPort = 4100;  // titles of items
+    switch (item.kind) {
+        case kScale:
+            return MakeScale(session, item, tools, events);
+        case kSetpoint:
+            return MakeSetpoint(session, item, tools, events);
+        case kPort:
+            return MakePort(session, item, tools, events);
+        default:
+            return MakeForm(session, item, events);
+    }
 }
 
 Page MakeCollection(DocumentSession& session, const Place& place, const PageTools& tools,
