@@ -23,10 +23,6 @@ BrokenRule RuleOf(const CScale& scale, std::string text) {
     return {"scales", scale.Number(), "SC.SRC#" + std::to_string(scale.Number()), std::move(text)};
 }
 
-bool MayBeAdded(std::int32_t kind) {
-    return kind == kAnalog || kind == kIndustrial || kind == kVexal;
-}
-
 bool IsScale(std::int32_t number) {
     return number >= 1 && number <= kScaleCount;
 }
@@ -62,7 +58,7 @@ void CheckTotal(const CScales& scales, const CScale& total, const ResourceTexts&
         if (kind == kNone) {
             rules.Add(RuleOf(total, texts.Format(IsScale(source) ? kNotConfigured : kNoSuchScale,
                                                  {std::to_string(source)})));
-        } else if (!MayBeAdded(kind)) {
+        } else if (!CanBeAdded(kind)) {
             others = true;
         }
     }
@@ -71,6 +67,10 @@ void CheckTotal(const CScales& scales, const CScale& total, const ResourceTexts&
 }
 
 }  // namespace
+
+bool CanBeAdded(std::int32_t kind) {
+    return kind == kAnalog || kind == kIndustrial || kind == kVexal;
+}
 
 void CheckScaleSources(const CScales& scales, const ResourceTexts& texts, CBrokenRules& rules) {
     for (int number = 1; number <= kScaleCount; ++number) {

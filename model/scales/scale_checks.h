@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "model/language/broken_rules.h"
 #include "model/language/resource_texts.h"
 #include "model/scales/scale_source.h"
@@ -7,6 +9,9 @@
 namespace calyx {
 
 class CScales;
+
+// Whether a total can add scales of this kind.
+bool CanBeAdded(std::int32_t kind);
 
 // What is wrong with the sources of scales among themselves: none at all, scales that are not there or
 // that a total cannot add, totals in a circle.

@@ -3,6 +3,7 @@
 #include "model/cards/analog_out.h"
 #include "model/cards/digital_io.h"
 #include "model/cards/fieldbus_cards.h"
+#include "tests/support/error_code.h"
 #include "tests/support/members.h"
 #include "tests/support/model_fixture.h"
 
@@ -20,16 +21,6 @@ class Cards : public testing::Test {
         return object.GetTextOutput(false);
     }
 };
-
-template <class Operation>
-int CodeOf(Operation&& operation) {
-    try {
-        operation();
-    } catch (const Error& error) {
-        return error.Code();
-    }
-    return 0;
-}
 
 TEST_F(Cards, AnalogOutputWritesItsDefaultsGatesAndCalibration) {
     CAnalogOut output(context);

@@ -2,6 +2,7 @@
 
 #include "model/language/change_set.h"
 #include "model/ports/comm_port.h"
+#include "tests/support/error_code.h"
 #include "tests/support/members.h"
 #include "tests/support/model_fixture.h"
 
@@ -34,17 +35,6 @@ class Port : public testing::Test {
         return port.GetTextOutput(false);
     }
 };
-
-// The code of the numbered error that an operation raises; 0: none.
-template <class Operation>
-int CodeOf(Operation&& operation) {
-    try {
-        operation();
-    } catch (const Error& error) {
-        return error.Code();
-    }
-    return 0;
-}
 
 TEST_F(Port, StartsWithItsDefaultsAndReloadsThemWithOneBaudRateForAll) {
     struct Row {

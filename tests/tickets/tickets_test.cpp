@@ -7,6 +7,7 @@
 #include <set>
 
 #include "model/language/error.h"
+#include "tests/support/error_code.h"
 #include "tests/support/golden.h"
 
 namespace calyx::test {
@@ -43,19 +44,6 @@ class Tickets : public testing::Test {
         return "no such key";
     }
 };
-
-// The code of the numbered error that a call raises; 0: none.
-template <class Call>
-int CodeOf(Call&& call) {
-    try {
-        call();
-        return 0;
-    } catch (const Error& error) {
-        EXPECT_TRUE(error.Source().starts_with("Calyx.CTickets.")) << error.Source();
-        EXPECT_FALSE(error.Description().starts_with('#'));
-        return error.Code();
-    }
-}
 
 TEST_F(Tickets, LinesByVersion) {
     ExpectGolden("tickets-versions.txt", VersionMatrix(tickets));

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/scales/scale_checks.h"
 #include "ui/form/words.h"
 #include "ui/scales/scale_texts.h"
 #include "ui/text.h"
@@ -20,10 +21,6 @@ constexpr std::string_view kSourceStem = "SRC";
 
 std::string KeyOf(std::string_view stem, int scale) {
     return "SC." + std::string(stem) + "#" + std::to_string(scale);
-}
-
-bool CanBeAdded(std::int32_t kind) {
-    return kind == kAnalog || kind == kIndustrial || kind == kVexal;
 }
 
 std::vector<std::int32_t> Sources(const CScale& scale) {
