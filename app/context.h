@@ -9,6 +9,7 @@
 #include "comm/cancel_flag.h"
 #include "model/language/context.h"
 #include "model/language/error.h"
+#include "model/tickets/ticket_tokens.h"
 #include "platform/file_store.h"
 #include "platform/folders.h"
 #include "platform/settings_store.h"
@@ -30,6 +31,7 @@ class AppContext {
     const Folders folders;
     FileStore files;
     ModelContext model;
+    TicketTokens ticketTokens;  // none when their file cannot be used
     const ErrorLog errorLog;
     const std::unique_ptr<ISettingsStore> settingsStore;
     CAppSettings settings;

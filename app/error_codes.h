@@ -12,5 +12,6 @@ inline constexpr int kUserFolder = 20102;       // {1} path, {2} reason
 inline constexpr int kSettingsUnread = 20103;   // {1} reason
 inline constexpr int kSettingsUnsaved = 20104;  // {1} reason
 inline constexpr int kMachineWide = 20105;      // such a reason
+inline constexpr int kNoTicketTokens = 40800;   // {1} path, {2} reason
 
 }  // namespace calyx::code

@@ -28,6 +28,7 @@ LinkSettings LinkSettingsStore::Load() {
     link.delayMs = std::max(settings_.CommDelayTime, 0);
     link.logging = settings_.LogComm;
     link.searchText = settings_.AutoDetectSearch;
+    link.storedFirst = settings_.DetectStoredFirst;
     return link;
 }
 
@@ -45,6 +46,14 @@ void LinkSettingsStore::Store(const LinkSettings& found) {
         error.PassedOnBy("Calyx.CIndicatorComm.StoreSettings");
         recorder_(error);
     }
+}
+
+void LinkSettingsStore::Keep(const LinkSettings& chosen) {
+    settings_.CommMethod = chosen.method;
+    settings_.AutoDetectIndicatorSettings = chosen.method == comm_method::kDetect;
+    settings_.TargetAddress = std::to_string(chosen.address);
+    settings_.DetectStoredFirst = chosen.storedFirst;
+    Store(chosen);
 }
 
 }  // namespace calyx

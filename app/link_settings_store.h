@@ -16,6 +16,9 @@ class LinkSettingsStore final : public ILinkSettingsStore {
     // From the settings in memory. An address outside 1 to 255 is recorded and read as 1.
     LinkSettings Load() override;
     void Store(const LinkSettings& found) override;  // saves the settings as a whole
+    // What a person has chosen for the next connection: what Store keeps, and method, bus address and whether
+    // detection begins with the stored settings.
+    void Keep(const LinkSettings& chosen);
 
   private:
     int Address() const;

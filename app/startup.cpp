@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <stdexcept>
 #include <system_error>
+#include <utility>
 
 #include "app/error_codes.h"
 #include "platform/paths.h"
@@ -116,6 +117,24 @@ void ReadLists(AppContext& context) {
     });
 }
 
+// The ticket editor works without them as well, only with less help.
+void ReadTicketTokens(AppContext& context) {
+    const std::string path = context.folders.application + "tickets.dat";
+    const auto record = [&](const std::string& reason) {
+        context.Record(Error(code::kNoTicketTokens, kSource,
+                             context.model.texts.Format(code::kNoTicketTokens, {path, reason})));
+    };
+    try {
+        TicketTokens tokens;
+        tokens.Read(context.files.Read(path));
+        context.ticketTokens = std::move(tokens);
+    } catch (const std::system_error& failure) {
+        record(failure.code().message());
+    } catch (const std::runtime_error& defect) {
+        record(defect.what());
+    }
+}
+
 }  // namespace
 
 std::unique_ptr<AppContext> Main(const Options& options) {
@@ -129,6 +148,7 @@ std::unique_ptr<AppContext> Main(const Options& options) {
         CopyStreams(*context);
         ReadLanguage(*context, options.language);
         ReadLists(*context);
+        ReadTicketTokens(*context);
     } catch (const Error& error) {
         context->Record(error);
         throw;

@@ -14,9 +14,9 @@ struct Options {
     ErrorLog::Clock clock = std::chrono::system_clock::now;
 };
 
-// Prepares the working files in the user data folder, reads the texts, the list catalogue and the
-// settings. Raises code::kProgramFile, with the path in its words, when a file that the program cannot
-// do without is missing or broken. Everything else that goes wrong is recorded in the context.
+// Prepares the working files in the user data folder, reads the texts, the list catalogue, the tokens of
+// tickets and the settings. Raises code::kProgramFile, with the path in its words, when a file that the
+// program cannot do without is missing or broken. Everything else that goes wrong is recorded in the context.
 std::unique_ptr<AppContext> Main(const Options& options);
 
 }  // namespace calyx::modStartup

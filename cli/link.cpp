@@ -4,6 +4,7 @@
 #include "cli/documents.h"
 #include "cli/exit.h"
 #include "comm/link_texts.h"
+#include "comm/serial/port_settings.h"
 #include "model/language/text.h"
 
 namespace calyx::cli {
@@ -43,7 +44,7 @@ void TakeAddress(const std::string& text, LinkSettings& link) {
 
 void TakeSettings(const std::string& text, LinkSettings& link) {
     const auto fields = Split(text, ',');
-    if (fields.size() != 4) throw UsageError("--settings " + text + " is not like 9600,N,8,1");
+    if (!ReadPortSettings(text)) throw UsageError("--settings " + text + " is not like 9600,N,8,1");
     link.baud = fields[0];
     link.parity = fields[1];
     link.dataBits = fields[2];
@@ -60,7 +61,7 @@ LinkSettings StoredSettings(AppContext& app) {
 void LinkOptions::Declare(Options& options) {
     options.Group("LINK", "LINK, the way to the indicator:");
     options.Text(tcp, "--tcp", "HOST:PORT", "over TCP/IP");
-    options.Text(serial, "--serial", "DEVICE", "over a serial line (not there yet)");
+    options.Text(serial, "--serial", "DEVICE", "over a serial line, for example COM3 or /dev/ttyUSB0");
     options.Text(settings, "--settings", "9600,N,8,1",
                  "of the serial line: baud, parity, data bits, stop bits");
     options.Flag(detect, "--auto", "finds the settings of the serial line");
@@ -73,7 +74,8 @@ void LinkOptions::Declare(Options& options) {
 
 LinkSettings LinkOptions::Resolve(const LinkSettings& stored) const {
     if (tcp && serial) throw UsageError("give --tcp or --serial, not both");
-    if (!Given()) throw UsageError("the way to the indicator is missing; give --tcp HOST:PORT");
+    if (!Given())
+        throw UsageError("the way to the indicator is missing; give --tcp HOST:PORT or --serial DEVICE");
     const bool serialOnly = settings || detect || address;
     if (tcp && serialOnly) throw UsageError("--settings, --auto and --address are for --serial");
     LinkSettings link = stored;

@@ -3,6 +3,7 @@
 #include <map>
 #include <set>
 
+#include "comm/firmware_keys.h"
 #include "model/document/indicator.h"
 #include "model/language/text.h"
 
@@ -18,14 +19,6 @@ std::string Number(double value) {
     std::string text;
     AppendSingle(text, static_cast<float>(value));
     return text;
-}
-
-// The number behind the last "#" stands for all items.
-std::string Pattern(const std::string& key) {
-    const std::size_t mark = key.rfind('#');
-    const bool numbered = mark != std::string::npos && mark + 1 < key.size() &&
-                          key.find_first_not_of("0123456789", mark + 1) == std::string::npos;
-    return numbered ? key.substr(0, mark + 1) + "n" : key;
 }
 
 std::string Form(const RowInfo& info, const std::string& initial) {
@@ -44,50 +37,6 @@ std::string Form(const RowInfo& info, const std::string& initial) {
     return {};
 }
 
-// A layout may depend on the fields; with every switch on, all that the section can write is written.
-Gate GateOf(const Item& item, std::size_t row) {
-    const auto full = item.Clone();
-    for (std::size_t i = 0; i < full->RowCount(); ++i) {
-        const bool isSwitch = full->Info(i).kind == ValueKind::Switch && full->Info(i).more.use == Use::Line;
-        if (isSwitch) full->Take(i, full->Text(i) == "False" ? "True" : "ON");
-    }
-    return item.GateOf(row) | full->GateOf(row);
-}
-
-// A document that has an item of every kind, with a line of every parameter that this kind can have.
-CIndicator FullDocument(const ModelContext& context) {
-    CIndicator document(context);
-    document.Initialize();
-    const std::int32_t cards[] = {card::kDualSerial, card::kDualAnalogOutput, card::kDigitalIO,
-                                  card::kFirstFieldbus, card::kMemory};
-    for (int slot = 1; slot <= static_cast<int>(std::size(cards)); ++slot) {
-        document.ChangeCard(slot, cards[slot - 1]);
-    }
-    document.Hardware().MemoryCard(static_cast<int>(std::size(cards))).AddSample();
-    document.Import({{"EDP.INPUT#2", "SCALE"},
-                     {"EDP.INPUT#3", "VEXAL"},
-                     {"EDP.INPUT#4", "IND SC"},
-                     {"EDP.SOURCE#1", "SCALE1"},
-                     {"EDP.STREAM#1", "CONT"}});
-    const char* sources[] = {"A,1", "S,2", "T,1", "S,3.1", "P,5", "B,1", "B,2", "B,3", "S,4"};
-    int scale = 0;
-    for (const char* source : sources) {
-        const std::string number = std::to_string(++scale);
-        document.Import({{"SC.SRC#" + number, source}, {"SC.SPLIT#" + number, "2RANGE"}});
-    }
-    document.Import({{"SC.INPRNG#7", "20MA"}, {"SC.INPRNG#8", "THERM"}});
-    if (const CTextList* split = context.lists.List("SC.SPLIT"))
-        document.Import({{"SC.SPLIT#1", split->Last()}});
-    int setpoint = 0;
-    const CTextList* kinds = context.lists.List("SP.KINDS");
-    for (const auto& kind : *kinds) {
-        const std::string number = std::to_string(++setpoint);
-        document.Import({{"SP.KIND#" + number, kind.key}, {"SP.DSLOT#" + number, "SLOT3"}});
-    }
-    document.Import({{"SP.PREACT#2", "LEARN"}, {"SP.TOLBAND#2", "1"}, {"SP.TRIP#3", "INBAND"}});
-    return document;
-}
-
 // Which versions receive the parameters of a document, by the patterns of their keys.
 class Receivers {
   public:
@@ -99,8 +48,8 @@ class Receivers {
             for (const KeyValue& line : ReadLines(sent)) sent_.insert(line.key);
             for (const Item* item : section->Items()) {
                 for (std::size_t row = 0; row < item->RowCount(); ++row) {
-                    auto& gate = gates_.try_emplace(Pattern(item->Key(row)), Gate{0}).first->second;
-                    gate = gate | GateOf(*item, row);
+                    auto& gate = gates_.try_emplace(KeyPattern(item->Key(row)), Gate{0}).first->second;
+                    gate = gate | WidestGate(*item, row);
                 }
             }
         }
@@ -113,7 +62,7 @@ class Receivers {
         if (item.Info(row).more.use == Use::State) return "never sent, no line of its own";
         const std::string key = item.Key(row);
         if (inFile_.contains(key) && !sent_.contains(key)) return "never sent, in the file only";
-        return Words(gates_.at(Pattern(key)));
+        return Words(gates_.at(KeyPattern(key)));
     }
 
   private:
@@ -128,7 +77,7 @@ Parameter Describe(const ModelContext& context, const Receivers& receivers, cons
     p.section = section.Name();
     p.sectionTitle = context.texts.Text(section.Title());
     p.heading = TextOf(context, info.more.group);
-    p.key = Pattern(item.Key(row));
+    p.key = KeyPattern(item.Key(row));
     p.label = TextOf(context, info.more.label);
     p.help = TextOf(context, info.more.help);
     p.initial = item.InitialText(row);
@@ -206,7 +155,7 @@ std::vector<Parameter> CollectReference(const ModelContext& context) {
             for (std::size_t row = 0; row < item->RowCount(); ++row) {
                 // A choice on an editor page stands for other lines, which are here themselves.
                 if (item->Info(row).more.use == Use::Page) continue;
-                if (seen.insert(Pattern(item->Key(row))).second) {
+                if (seen.insert(KeyPattern(item->Key(row))).second) {
                     parameters.push_back(Describe(context, receivers, *section, *item, row));
                 }
             }

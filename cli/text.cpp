@@ -1,5 +1,7 @@
 #include "cli/text.h"
 
+#include <ctime>
+
 #include "model/language/text.h"
 
 namespace calyx::cli {
@@ -30,6 +32,12 @@ bool FitsPattern(std::string_view key, std::string_view pattern) {
         }
     }
     return pattern.find_first_not_of('*', p) == std::string_view::npos;
+}
+
+std::string LocalTime(const char* format) {
+    const std::time_t now = std::time(nullptr);
+    char text[64];
+    return {text, std::strftime(text, sizeof(text), format, std::localtime(&now))};
 }
 
 }  // namespace calyx::cli

@@ -1,7 +1,6 @@
 #include "cli/transfer.h"
 
 #include "cli/exit.h"
-#include "comm/upload.h"
 #include "model/language/text.h"
 
 namespace calyx::cli {
@@ -25,18 +24,6 @@ unsigned BitOf(std::string_view name) {
     throw UsageError("--only: there is no group " + std::string(name) +
                      "; there are base, calibration, setpoints, widgets, schemas, program");
 }
-
-class UploadProgress final : public IUploadEvents {
-  public:
-    UploadProgress(Program& program, Progress& progress) : program_(program), progress_(progress) {}
-    void Status(const std::string& text) override { progress_.Step(text); }
-    void Received(std::size_t characters) override { progress_.Count(characters, 0); }
-    bool Cancelled() override { return program_.Cancelled(); }
-
-  private:
-    Program& program_;
-    Progress& progress_;
-};
 
 }  // namespace
 

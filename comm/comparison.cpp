@@ -1,6 +1,5 @@
 #include "comm/comparison.h"
 
-#include <unordered_map>
 #include <unordered_set>
 
 #include "model/language/text.h"
@@ -39,9 +38,21 @@ bool SaysTheSame(const CIndicator& document, const KeyValue& sent, const std::st
 }  // namespace
 
 Held::Held(const ModelContext& context, std::string dump, const std::string& where)
-    : lines(ReadLines(dump)), document(context) {
+    : lines(ReadLines(dump)), document(context), text(dump) {
     std::erase_if(lines, [](const KeyValue& line) { return EqualNoCase(line.key, kVersion); });
+    index_.reserve(lines.size());
+    for (std::size_t i = 0; i < lines.size(); ++i) index_.emplace(Upper(lines[i].key), i);
     document.LoadText(std::move(dump), where);
+}
+
+const std::string* Held::Find(std::string_view key) const {
+    const auto found = index_.find(Upper(key));
+    return found == index_.end() ? nullptr : &lines[found->second].value;
+}
+
+bool Held::Holds(const KeyValue& sent, const Target& target) const {
+    const std::string* held = Find(sent.key);
+    return held != nullptr && (*held == sent.value || SaysTheSame(document, sent, *held, target));
 }
 
 std::vector<KeyValue> SentLines(const CIndicator& document, unsigned groups, const Target& target) {
@@ -57,26 +68,21 @@ std::vector<KeyValue> SentLines(const CIndicator& document, unsigned groups, con
 
 ChangeSet AgainstIndicator(const CIndicator& document, const Held& held, unsigned groups,
                            const Target& target) {
-    std::unordered_map<std::string, std::string_view> texts;  // by key in capitals; the first one counts
-    for (const KeyValue& line : held.lines) texts.emplace(Upper(line.key), line.value);
-
     const std::vector<KeyValue> sent = SentLines(document, groups, target);
     std::vector<KeyValue> holds;
     std::unordered_set<std::string> seen;
     for (const KeyValue& line : sent) {
         const std::string key = Upper(line.key);
         seen.insert(key);
-        const auto found = texts.find(key);
-        if (found == texts.end()) continue;
-        const std::string text(found->second);
-        const bool same = text == line.value || SaysTheSame(document, line, text, target);
-        holds.push_back({line.key, same ? line.value : text});
+        const std::string* text = held.Find(key);
+        if (text == nullptr) continue;
+        const bool same = *text == line.value || SaysTheSame(document, line, *text, target);
+        holds.push_back({line.key, same ? line.value : *text});
     }
     for (const KeyValue& line : SentLines(held.document, groups, target)) {
         const std::string key = Upper(line.key);
-        const auto found = texts.find(key);
-        if (found != texts.end() && seen.insert(key).second)
-            holds.push_back({line.key, std::string(found->second)});
+        const std::string* text = held.Find(key);
+        if (text != nullptr && seen.insert(key).second) holds.push_back({line.key, *text});
     }
     return Difference(sent, holds);
 }

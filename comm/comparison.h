@@ -2,6 +2,7 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <vector>
 
 #include "comm/download_plan.h"
@@ -14,8 +15,18 @@ struct Held {
     std::vector<KeyValue> lines;  // as they came, VERSION left out
     CIndicator document;          // the same, read as a file is
 
+    std::string text;  // the dump itself
+
     // `where` names the indicator in messages.
     Held(const ModelContext& context, std::string dump, const std::string& where);
+
+    // What it holds for a key, without regard to case; nothing: it has no such line.
+    const std::string* Find(std::string_view key) const;
+    // Whether it holds what was sent, be it in another way of writing ("5" for "5.0").
+    bool Holds(const KeyValue& sent, const Target& target) const;
+
+  private:
+    std::unordered_map<std::string, std::size_t> index_;  // by key in capitals; the first one counts
 };
 
 // The parameter lines that a download of these groups (download_option) sends, in its order. Commands and

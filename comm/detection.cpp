@@ -1,6 +1,8 @@
 #include "comm/detection.h"
 
 #include <array>
+#include <cmath>
+#include <string>
 
 namespace calyx {
 
@@ -33,6 +35,19 @@ double GetBaudTimeFactor(std::string_view baud) {
         if (entry.baud == baud) return entry.factor;
     }
     return 1.0;
+}
+
+int DetectionTimeLeft(std::string_view tried) {
+    double left = 0;
+    for (std::size_t baud = kBaudCount; baud-- > 0;) {
+        const double pair = kStreamingMs + GetBaudTimeFactor(kBauds[baud]) * (kSettleMs + kVersionMs);
+        for (std::size_t framing = kFramingCount; framing-- > 0;) {
+            left += pair;
+            if (tried == std::string(kBauds[baud]) + "," + std::string(kFramings[framing]))
+                return static_cast<int>(std::lround(left));
+        }
+    }
+    return static_cast<int>(std::lround(left));
 }
 
 }  // namespace calyx

@@ -1,5 +1,8 @@
 #include "comm/download.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "comm/link_texts.h"
 #include "model/language/error.h"
 #include "model/language/text.h"
@@ -12,15 +15,19 @@ constexpr const char* kTooManyWidgets =
     "The current Merrin supports 128 total widgets. The first 128 configured widgets will be sent to the "
     "indicator.";
 
-int CountLines(const std::vector<DownloadStep>& steps) {
-    int count = 0;
-    for (const DownloadStep& step : steps) {
-        ForEachLine(step.lines, [&count](std::string_view line) { count += Trim(line).empty() ? 0 : 1; });
-    }
+std::size_t CountLines(const DownloadStep& step) {
+    std::size_t count = 0;
+    ForEachLine(step.lines, [&count](std::string_view line) { count += Trim(line).empty() ? 0 : 1; });
     return count;
 }
 
 }  // namespace
+
+std::size_t CountLines(const std::vector<DownloadStep>& steps) {
+    std::size_t count = 0;
+    for (const DownloadStep& step : steps) count += CountLines(step);
+    return count;
+}
 
 std::string TooManyWidgetsTitle(int count) {
     return "Widget Count #" + std::to_string(count);
@@ -41,17 +48,26 @@ std::string ViewErrorsQuestion(std::size_t count) {
 
 DownloadReport CDownload::Run(const CIndicator& document, const DownloadOptions& options,
                               const Target& target) {
-    texts_ = &document.Context().texts;
+    const ResourceTexts& texts = document.Context().texts;
+    if (!document.IsInitialised())
+        throw Error(code::kNotInitialised, "Calyx.CDownload.Run", texts.Text(code::kNotInitialised));
+    return RunSteps(PlanDownload(document, options, target), options, texts);
+}
+
+DownloadReport CDownload::RunSteps(const std::vector<DownloadStep>& steps, const DownloadOptions& options,
+                                   const ResourceTexts& texts, const std::vector<LineFate>& done) {
+    texts_ = &texts;
     options_ = &options;
     abort_ = false;
     report_ = {};
+    report_.fates = done;
+    report_.fates.resize(CountLines(steps), LineFate::Waiting);
+    report_.total = static_cast<int>(report_.fates.size());
+    report_.accepted =
+        static_cast<int>(std::count(report_.fates.begin(), report_.fates.end(), LineFate::Accepted));
     last_ = SendResult::Accepted;
     number_ = 0;
-    if (!document.IsInitialised()) {
-        throw Error(code::kNotInitialised, "Calyx.CDownload.Run", texts_->Text(code::kNotInitialised));
-    }
-    const std::vector<DownloadStep> steps = PlanDownload(document, options, target);
-    report_.total = CountLines(steps);
+    resumed_ = !done.empty();
 
     const LinkObserver observer(link_, *this);
     bool success = true;
@@ -66,7 +82,9 @@ DownloadReport CDownload::Run(const CIndicator& document, const DownloadOptions&
 bool CDownload::RunStep(const DownloadStep& step) {
     if (Stopped()) return false;
     try {
-        if (step.probe && !InSetupMode()) return false;
+        const bool nothingLeft = resumed_ && IsDone(step);
+        if (!nothingLeft && (step.probe || std::exchange(resumed_, false)) && !InSetupMode()) return false;
+        if (!nothingLeft) resumed_ = false;
         events_.Status(step.status);
         if (step.widgetsTooMany > 0) {
             events_.Notice(TooManyWidgetsTitle(step.widgetsTooMany), TooManyWidgetsText());
@@ -79,13 +97,24 @@ bool CDownload::RunStep(const DownloadStep& step) {
     }
 }
 
+bool CDownload::IsDone(const DownloadStep& step) const {
+    const auto first = report_.fates.begin() + static_cast<std::ptrdiff_t>(number_);
+    const auto end = first + static_cast<std::ptrdiff_t>(CountLines(step));
+    return std::find(first, end, LineFate::Waiting) == end;
+}
+
 bool CDownload::InSetupMode() {
     last_ = link_.AskForSetupMode();
+    if (last_ == SendResult::NoAnswer) SeeWhetherLost();
     if (last_ == SendResult::Refused || last_ == SendResult::NoAnswer) {
         report_.end = DownloadReport::End::NotInSetupMode;
         Fail({}, texts_->Text(link_text::kNotInSetupMode));
     }
     return last_ == SendResult::Accepted;
+}
+
+void CDownload::SeeWhetherLost() {
+    if (!link_.StillAnswers()) last_ = Stopped() ? SendResult::Cancelled : SendResult::Lost;
 }
 
 bool CDownload::SendStepLines(const DownloadStep& step) {
@@ -98,25 +127,38 @@ bool CDownload::SendLine(std::string_view line) {
     if (Stopped()) return false;
     ++number_;
     ++stepNumber_;
-    events_.Line(std::string(line), number_, report_.total);
+    if (report_.fates[number_ - 1] != LineFate::Waiting) return true;
+    events_.Line(std::string(line), static_cast<int>(number_), report_.total);
     last_ = link_.Send(line, options_->timeoutMs).result;
-    if (last_ == SendResult::Accepted) ++report_.accepted;
+    if (last_ == SendResult::NoAnswer) SeeWhetherLost();
+    if (last_ == SendResult::Accepted) {
+        ++report_.accepted;
+        Keep(LineFate::Accepted);
+    }
     return last_ == SendResult::Accepted;
+}
+
+void CDownload::Keep(LineFate fate) {
+    report_.fates[number_ - 1] = fate;
+    events_.Done(fate);
 }
 
 bool CDownload::ErrorAction(const std::string& failedLine) {
     if (Stopped() || last_ == SendResult::Cancelled) return true;
+    // A line whose answer went with the link has not failed: it is still to be sent.
+    if (last_ == SendResult::Lost) return true;
+    Keep(last_ == SendResult::Refused ? LineFate::Refused : LineFate::Unanswered);
     report_.failed.push_back({failedLine, Reason()});
     events_.Errors(ErrorsText(report_.failed.size()));
     using Needs = DownloadStep::Needs;
     const bool needed =
         step_->needs == Needs::EveryLine || (step_->needs == Needs::FirstLine && stepNumber_ == 1);
-    return needed || options_->haltOnError || last_ == SendResult::Lost;
+    return needed || options_->haltOnError;
 }
 
 std::string CDownload::Reason() const {
-    if (last_ == SendResult::Refused) return texts_->Text(link_text::kLineRefused);
-    return texts_->Text(last_ == SendResult::Lost ? link_text::kLineLost : link_text::kLineUnanswered);
+    const bool refused = last_ == SendResult::Refused;
+    return texts_->Text(refused ? link_text::kLineRefused : link_text::kLineUnanswered);
 }
 
 void CDownload::Finish(bool success) {

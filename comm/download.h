@@ -1,6 +1,7 @@
 #pragma once
 
 #include <atomic>
+#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -9,6 +10,14 @@
 
 namespace calyx {
 
+// What became of a line. The characters stand in the journal of a run and never change.
+enum class LineFate : char {
+    Waiting = '.',     // not sent yet, or its answer was lost with the link
+    Accepted = 'A',    // "OK"
+    Refused = 'R',     // "??"
+    Unanswered = 'N',  // every attempt ran out its time, and yet the indicator was there
+};
+
 // A line that the indicator did not accept, and why.
 struct FailedLine {
     std::string line;
@@ -16,6 +25,7 @@ struct FailedLine {
 };
 
 struct DownloadReport {
+    // Lost: the link is gone, or nothing answers any more; what is left can be sent later.
     enum class End { Complete, Failed, Aborted, NotInSetupMode, Lost };
 
     End end = End::Failed;
@@ -24,6 +34,7 @@ struct DownloadReport {
     int total = 0;       // lines that were to be sent
     int accepted = 0;
     std::vector<FailedLine> failed;
+    std::vector<LineFate> fates;  // of all lines, in sending order
 };
 
 // What a download shows while it runs.
@@ -33,6 +44,8 @@ class IDownloadEvents {
     virtual void Status(const std::string& /*text*/) {}
     // Before each line; `number` counts from 1.
     virtual void Line(const std::string& /*line*/, int /*number*/, int /*total*/) {}
+    // After each line, in the same order.
+    virtual void Done(LineFate /*fate*/) {}
     // After each failed line: "Errors: 3".
     virtual void Errors(const std::string& /*text*/) {}
     // A message that a window shows in a box; the title may be empty.
@@ -45,7 +58,9 @@ class IDownloadEvents {
 //
 // A refused line is counted and the download goes on, unless it is to halt on errors. It ends with the
 // first step that fails, when the indicator is not in setup mode, on Abort or the program's cancel
-// flag, and at once when the link is lost. An aborted line is no error of the indicator's.
+// flag, and at once when the link is lost. An aborted line is no error of the indicator's. After a line that
+// nobody answered the indicator is asked whether it is still there; if not, the link counts as lost, so that
+// a minute is never waited for each of the lines that remain.
 class CDownload : private IDownload, private ILineSender, private ILinkEvents {
   public:
     CDownload(CIndicatorComm& link, const CancelFlag& cancel, IDownloadEvents& events)
@@ -54,6 +69,11 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     // Sends what the options choose, gated for `target`. Raises 10006 for a document without sections
     // and what PlanDownload raises, before anything is sent.
     DownloadReport Run(const CIndicator& document, const DownloadOptions& options, const Target& target);
+    // Sends steps that were planned before. `done` are the fates of an earlier run of the same steps: lines
+    // that have one are not sent again, and the indicator must be in setup mode before the first that has
+    // none.
+    DownloadReport RunSteps(const std::vector<DownloadStep>& steps, const DownloadOptions& options,
+                            const ResourceTexts& texts, const std::vector<LineFate>& done = {});
     // Ends the run, the line in flight included. For event handlers and other threads.
     void Abort() { abort_ = true; }
 
@@ -62,11 +82,15 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
   private:
     bool SendLine(std::string_view line) override;
     void CancelSendData(bool& cancel) override { cancel |= Stopped(); }
+    void CancelGetData(bool& cancel) override { cancel |= Stopped(); }
 
     bool Stopped() const { return abort_ || cancel_; }
     bool RunStep(const DownloadStep& step);
+    bool IsDone(const DownloadStep& step) const;
     bool InSetupMode();
+    void SeeWhetherLost();
     bool SendStepLines(const DownloadStep& step);
+    void Keep(LineFate fate);
     std::string Reason() const;
     void Fail(const std::string& title, std::string reason);
     std::string Counts(int text) const;
@@ -84,10 +108,13 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     const DownloadStep* step_ = nullptr;
     DownloadReport report_;
     SendResult last_ = SendResult::Accepted;
-    int number_ = 0;      // of the line in the run
-    int stepNumber_ = 0;  // of the line in its step
+    std::size_t number_ = 0;      // of the line in the run
+    std::size_t stepNumber_ = 0;  // of the line in its step
+    bool resumed_ = false;        // no line of this run has gone yet, but of an earlier one
 };
 
+// Lines of the steps that are sent; blank ones are not.
+std::size_t CountLines(const std::vector<DownloadStep>& steps);
 // What is told of more widgets than the indicator holds: title and text of the notice.
 std::string TooManyWidgetsTitle(int count);
 std::string TooManyWidgetsText();

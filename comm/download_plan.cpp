@@ -41,20 +41,25 @@ class Planner {
 
     std::vector<DownloadStep> Plan() {
         if (Chosen(chkBase)) AddBase();
-        if (Chosen(chkSetpoints)) Add({.status = Text(kSetpointsText), .lines = Lines(SendStep::Setpoints)});
+        if (Chosen(chkSetpoints))
+            Add({.status = Text(kSetpointsText), .lines = Lines(SendStep::Setpoints), .group = chkSetpoints});
         if (Chosen(chkWidgets)) AddWidgets();
         if (Chosen(chkSchemas)) {
             // Tables are sent only to a database that was emptied.
             Add({.status = Text(kSchemasText),
                  .lines = "DB.DELALL\r\n" + Lines(SendStep::Database),
                  .probe = true,
-                 .needs = DownloadStep::Needs::FirstLine});
+                 .needs = DownloadStep::Needs::FirstLine,
+                 .group = chkSchemas,
+                 .clears = "DB."});
         }
         if (Chosen(chkCODFile)) {
             Add({.status = Text(kProgramText),
                  .lines = ReadProgram(),
                  .probe = true,
-                 .needs = DownloadStep::Needs::EveryLine});
+                 .needs = DownloadStep::Needs::EveryLine,
+                 .group = chkCODFile,
+                 .parameters = false});
         }
         Add({.status = "Sending Vexal Reset", .lines = VexalReset(), .probe = true});
         return std::move(steps_);
@@ -70,11 +75,14 @@ class Planner {
         const std::size_t first = steps_.size();
         for (const BaseStep& step : kBaseSteps) {
             Add({.status = step.status != nullptr ? step.status : Text(step.text),
-                 .lines = Lines(step.step)});
+                 .lines = Lines(step.step),
+                 .group = chkBase});
         }
         steps_[first].probe = true;
         if (Chosen(chkCalibration)) {
-            Add({.status = Text(kCalibrationText), .lines = Lines(SendStep::Calibration)});
+            Add({.status = Text(kCalibrationText),
+                 .lines = Lines(SendStep::Calibration),
+                 .group = chkCalibration});
         }
     }
 
@@ -84,6 +92,8 @@ class Planner {
         Add({.status = Text(kWidgetsText),
              .lines = Lines(SendStep::Widgets),
              .probe = true,
+             .group = chkWidgets,
+             .clears = "WDGT#",
              .widgetsTooMany = limited && count > kOldWidgetLimit ? count : 0});
     }
 

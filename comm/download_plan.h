@@ -34,7 +34,10 @@ struct DownloadStep {
     std::string lines;   // each ended by a line end; blank ones are not sent
     bool probe = false;  // the indicator must be in setup mode
     Needs needs = Needs::Nothing;
+    unsigned group = 0;      // the option that brings it; 0: whatever is sent
+    std::string clears{};    // what the keys begin with that its first line clears; empty: nothing
     int widgetsTooMany = 0;  // the number of widgets when the indicator holds fewer
+    bool parameters = true;  // its lines are parameters that can be read back, not a program
 };
 
 // The steps in sending order, the reset of the junction boxes included. Raises what reading the program

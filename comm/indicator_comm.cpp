@@ -16,10 +16,11 @@ constexpr int kSetupModeMs = 10'000;
 constexpr int kBusPauseMs = 10;     // rest of the bus after a command in addressed mode
 constexpr int kDetectWaitMs = 500;  // reception wait where the settings were detected
 constexpr int kLongestUnitMs = 60'000;
-constexpr int kTcpWaitFactor = 20;  // network and serial server need more time than a cable
-constexpr int kQuietMs = 500;       // silence after which a cancelled reply counts as ended
-constexpr int kDrainMs = 2000;      // the most that is waited for it
-constexpr int kTcpVersionMs = 500;  // least wait for a version over TCP, however small the delay is set
+constexpr int kTcpWaitFactor = 20;   // network and serial server need more time than a cable
+constexpr int kQuietMs = 500;        // silence after which a cancelled reply counts as ended
+constexpr int kDrainMs = 2000;       // the most that is waited for it
+constexpr int kTcpVersionMs = 500;   // least wait for a version over TCP, however small the delay is set
+constexpr int kStillThereMs = 2000;  // least wait for a sign of life
 constexpr std::size_t kInputBuffer = 64'000;
 constexpr std::size_t kLargestReplyMb = 64;  // a whole configuration is well below one
 
@@ -177,6 +178,29 @@ std::optional<std::string> CIndicatorComm::GetData(std::string_view command) {
     return Receive(command, Until::Quiet, "GetData");
 }
 
+std::optional<std::string> CIndicatorComm::GetLine(std::string_view command) {
+    return Receive(command, Until::LineEnd, "GetData");
+}
+
+bool CIndicatorComm::StillAnswers() {
+    if (inUse_ || !Connected()) return false;
+    try {
+        const auto reply = Receive("VERSION", Until::Identified, "StillAnswers");
+        return reply && Identifies(*reply);
+    } catch (const Error&) {
+        return false;
+    }
+}
+
+bool CIndicatorComm::Identifies(std::string_view text) const {
+    return Upper(text).find(identification_) != std::string::npos;
+}
+
+int CIndicatorComm::WaitFor(Until until) const {
+    if (until == Until::Quiet) return ReceptionWait();
+    return until == Until::LineEnd ? VersionWait() : std::max(VersionWait(), kStillThereMs);
+}
+
 std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Until until,
                                                    const char* operation) {
     const InUse use(*this, operation);
@@ -184,7 +208,7 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
     const Ready ready = ReadyForCommand(&ILinkEvents::CancelGetData);
     if (ready == Ready::Lost) Fail(operation, parts_.texts.Text(link_text::kNotConnected));
     if (ready == Ready::Cancelled) return std::nullopt;
-    const int wait = until == Until::LineEnd ? VersionWait() : ReceptionWait();
+    const int wait = WaitFor(until);
     const std::string line = PrepareLine(command, FrameAddress());
     WriteCommLog(line, true);
     transport_->Write(line);
@@ -198,7 +222,9 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
         brought |= !heard.empty();
     };
     const auto complete = [&] {
-        return until == Until::LineEnd && !FirstLine(ReplyText(reply, command, FrameAddress())).empty();
+        if (until == Until::Quiet) return false;
+        const std::string text = ReplyText(reply, command, FrameAddress());
+        return until == Until::LineEnd ? !FirstLine(text).empty() : Identifies(text);
     };
     int polls = 0;
     do {

@@ -64,6 +64,11 @@ class CIndicatorComm {
 
     // Opens the wire of the settings and makes sure that an indicator answers at it. 12801, 10002.
     void Connect();
+    // Finds the settings of the serial line, whatever the method, and stores them; the link is closed before
+    // and after. False: no pair was answered, IsStreaming, or cancelled. 12801 when the port does not open.
+    bool AutoDetect();
+    // Whether the link is open the way that the stored settings name; when closed, which way comes next.
+    bool CheckCommMethod();
     void Disconnect();
     bool Connected();
 
@@ -76,11 +81,17 @@ class CIndicatorComm {
     // 12801 when the link is closed, before or meanwhile.
     std::optional<std::string> GetData(std::string_view command);
 
+    // The same for a command whose reply is one line: ends with it. Empty: no reply.
+    std::optional<std::string> GetLine(std::string_view command);
+
     // Lets the target version follow the indicator's reply to VERSION, which is returned ("V3.10.02
     // MERRIN"). The reply that verified the connection serves; only where that told no version it is asked
     // again. A cancelled query changes nothing and returns nothing. 12801 as GetData, and when the indicator
     // does not tell its version: the newest one must not be taken for it.
     std::string ReadVersion(TargetVersion& target);
+    // Whether the indicator is still there: asks VERSION once and gives it two seconds at least. Only when
+    // connected; a closed wire, another command under way and Cancel are no.
+    bool StillAnswers();
 
     // Whether characters arrive unasked; opens a closed wire for the question.
     bool CheckForStreaming();
@@ -105,7 +116,7 @@ class CIndicatorComm {
 
   private:
     class InUse;
-    enum class Until { Quiet, LineEnd };
+    enum class Until { Quiet, LineEnd, Identified };
     using CancelEvent = void (ILinkEvents::*)(bool&);
 
     bool OverTcp() const { return settings_.method == comm_method::kTcp; }
@@ -123,6 +134,8 @@ class CIndicatorComm {
     bool VerifyConnect(std::string_view baud, std::string_view framing);
     bool HearsIdentification(const std::string& tried, int limitMs);
     int VersionWait() const;
+    int WaitFor(Until until) const;
+    bool Identifies(std::string_view text) const;
     bool Streams();
     bool AskCancelDetecting(const std::string& tried);
     [[noreturn]] void FailVerification();

@@ -12,9 +12,6 @@ namespace calyx {
 
 namespace {
 
-constexpr int kStreamingMs = 100;
-constexpr int kSettleMs = 250;   // after the lone CR that ends whatever the indicator was told before
-constexpr int kVersionMs = 500;  // for the answer to VERSION on a serial line
 constexpr int kPortOpenMs = 100;
 constexpr const char* kFirstSettings = "57600,N,8,1";  // only to see that the port opens
 
@@ -43,6 +40,37 @@ void CIndicatorComm::Connect() {
             throw;
         }
     });
+}
+
+bool CIndicatorComm::AutoDetect() {
+    const InUse use(*this, "AutoDetect");
+    return As("Calyx.CIndicatorComm.AutoDetect", [this] {
+        CloseTransport("AutoDetect");
+        InitComm();
+        cancelled_ = streaming_ = drain_ = false;
+        const int method = std::exchange(settings_.method, comm_method::kDetect);
+        try {
+            const bool found = AutoDetectSettings();
+            CloseTransport("AutoDetect");
+            settings_.method = method;
+            if (found) StoreSettings();
+            return found;
+        } catch (...) {
+            settings_.method = method;
+            throw;
+        }
+    });
+}
+
+bool CIndicatorComm::CheckCommMethod() {
+    const LinkSettings stored = parts_.settings.Load();
+    if (!Connected()) {
+        settings_ = stored;
+        return false;
+    }
+    if (stored.method != settings_.method) return false;
+    if (OverTcp()) return stored.host == settings_.host && stored.tcpPort == settings_.tcpPort;
+    return stored.port == settings_.port;
 }
 
 void CIndicatorComm::Disconnect() {
@@ -101,6 +129,11 @@ void CIndicatorComm::ConnectSerial() {
 }
 
 bool CIndicatorComm::AutoDetectSettings() {
+    if (settings_.storedFirst) {
+        const std::string baud = settings_.baud;
+        if (TryPair(baud, Framing())) return true;
+        if (streaming_ || cancelled_) return false;
+    }
     for (std::size_t baud = 0; baud < kBaudCount; ++baud) {
         for (std::size_t framing = 0; framing < kFramingCount; ++framing) {
             if (TryPair(GetNextBaud(baud), GetNextParityDataBitsStopBits(framing))) return true;
@@ -135,7 +168,7 @@ bool CIndicatorComm::VerifyConnect(std::string_view baud, std::string_view frami
         Tell(&ILinkEvents::IndicatorIsStreaming);
         return false;
     }
-    transport_->Write("\r");
+    transport_->Write("\r");  // ends whatever the indicator was told before
     Poll(Scaled(kSettleMs, factor), [&](std::int64_t) {
         transport_->Read();  // what a lone CR brings says nothing
         return !AskCancelDetecting(tried);

@@ -26,6 +26,7 @@ struct LinkSettings {
     int delayMs = 100;                  // `CommDelayTime`, unit of the reception waits
     bool logging = false;               // `LogComm`
     std::string searchText = "Merrin";  // `AutoDetectSearch`, must stand in the reply to VERSION
+    bool storedFirst = false;           // detection tries the stored settings before its own thirty
 };
 
 // Where the settings of the link are kept.

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "comm/link_texts.h"
+#include "comm/serial/serial_transport.h"
 #include "comm/tcp_transport.h"
 #include "model/language/error.h"
 
@@ -57,8 +58,17 @@ std::unique_ptr<ITransport> TransportFactory::MakeTcp(const std::string& host, s
                 texts_.Format(link_text::kUnreachable, {where, error.message()}));
 }
 
-std::unique_ptr<ITransport> TransportFactory::MakeSerial(const std::string& port, const std::string&) {
-    throw Error(code::kLink, "Calyx.CIndicatorComm.Connect", texts_.Format(link_text::kNoSerial, {port}));
+std::unique_ptr<ITransport> TransportFactory::MakeSerial(const std::string& port,
+                                                         const std::string& settings) {
+    constexpr const char* kSource = "Calyx.CIndicatorComm.Connect";
+    const auto read = ReadPortSettings(settings);
+    if (!read) throw Error(code::kLink, kSource, texts_.Format(link_text::kPortSettings, {settings}));
+    auto transport = std::make_unique<SerialTransport>();
+    const std::error_code error = transport->Open(port, *read);
+    if (!error) return transport;
+    const bool busy = error == std::errc::device_or_resource_busy || error == std::errc::permission_denied;
+    const int text = busy ? link_text::kPortBusy : link_text::kNoSerial;
+    throw Error(code::kLink, kSource, texts_.Format(text, {port, error.message()}));
 }
 
 }  // namespace calyx

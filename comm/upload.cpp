@@ -70,11 +70,6 @@ UploadReport Upload(CIndicatorComm& link, const ModelContext& context, IUploadEv
                 [&](std::string_view key) { return known.OwnerOf(key) != nullptr; });
 }
 
-UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
-                    IUploadEvents& events) {
-    return Read(link, target, texts, events, [](std::string_view) { return true; });
-}
-
 void WriteUpload(IFileStore& files, const ResourceTexts& texts, const std::string& path,
                  const std::string& text) {
     try {

@@ -32,9 +32,6 @@ struct UploadReport {
 // Indicators whose target version is 3.06 to 3.10 can be read outside setup mode; all others are asked first.
 // A reply without any line that the program knows is no dump. Raises 12801 when the link is lost.
 UploadReport Upload(CIndicatorComm& link, const ModelContext& context, IUploadEvents& events);
-// The same where any line with a "=" counts as known.
-UploadReport Upload(CIndicatorComm& link, const TargetVersion& target, const ResourceTexts& texts,
-                    IUploadEvents& events);
 
 // Puts the text in the place of the file, whole or not at all. 20002.
 void WriteUpload(IFileStore& files, const ResourceTexts& texts, const std::string& path,

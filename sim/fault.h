@@ -24,6 +24,9 @@ class Fault {
 
     // Before the answer goes out, an empty one as well. Called for every line, taken or not.
     virtual void ChangeReply(std::string_view line, Reply& reply);
+
+    // What is sent besides all answers; nothing by default.
+    virtual Unasked Streams() const;
 };
 
 struct FaultKind {
@@ -38,8 +41,9 @@ struct FaultKind {
 
 std::span<const FaultKind> KnownFaults();
 
-// Makes a fault from "NAME" or "NAME:ARGUMENT". Raises std::invalid_argument, with a text that says what
-// is wrong and names all known faults.
+// Makes a fault from "NAME" or "NAME:ARGUMENT", each followed by "@K" to misbehave at the K-th line only, or
+// by "@K+" to begin with it; lines count from when the fault is there. Raises std::invalid_argument, with a
+// text that says what is wrong and names all known faults.
 std::unique_ptr<Fault> MakeFault(std::string_view spec);
 
 }  // namespace calyx::sim

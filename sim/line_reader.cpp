@@ -6,11 +6,23 @@ namespace calyx::sim {
 
 bool LineReader::Take(std::string_view& bytes) {
     if (complete_) Reset();
+    if (addressed_) TakeAddress(bytes);
     const auto end = bytes.find('\r');
     Append(bytes.substr(0, end));
     complete_ = end != std::string_view::npos;
     bytes.remove_prefix(complete_ ? end + 1 : bytes.size());
     return complete_;
+}
+
+void LineReader::TakeAddress(std::string_view& bytes) {
+    constexpr char kStx = 2;
+    if (line_.empty() && bytes.starts_with(kStx)) {
+        line_ = kStx;
+        bytes.remove_prefix(1);
+    }
+    if (line_.size() != 1 || line_.front() != kStx || bytes.empty()) return;
+    line_ += bytes.front();
+    bytes.remove_prefix(1);
 }
 
 void LineReader::Reset() {

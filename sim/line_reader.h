@@ -6,9 +6,12 @@
 
 namespace calyx::sim {
 
-// Puts incoming bytes, cut anywhere, together into lines. CR ends a line; every LF is ignored.
+// Puts incoming bytes, cut anywhere, together into lines. CR ends a line; every LF is ignored. On an
+// addressed line the character behind an STX at the start is an address, whatever it looks like.
 class LineReader {
   public:
+    explicit LineReader(bool addressed = false) : addressed_(addressed) {}
+
     // Longest line kept, in bytes. What a longer line has beyond that is dropped.
     static constexpr std::size_t kMaxLine = 70'000;
 
@@ -24,6 +27,9 @@ class LineReader {
 
   private:
     void Append(std::string_view bytes);
+    void TakeAddress(std::string_view& bytes);
+
+    bool addressed_;
 
     std::string line_;
     bool tooLong_ = false;

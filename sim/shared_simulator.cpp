@@ -12,6 +12,11 @@ Reply SharedSimulator::Exchange(std::string_view& bytes) {
     return simulator_.Exchange(bytes);
 }
 
+Unasked SharedSimulator::Streams() const {
+    const std::lock_guard lock(mutex_);
+    return simulator_.Streams();
+}
+
 void SharedSimulator::AddFault(std::string_view spec) {
     const std::lock_guard lock(mutex_);
     simulator_.AddFault(spec);

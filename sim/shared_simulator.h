@@ -25,6 +25,7 @@ class SharedSimulator {
     // As in Simulator.
     void NewConnection();
     Reply Exchange(std::string_view& bytes);
+    Unasked Streams() const;
     void AddFault(std::string_view spec);
     void ClearFaults();
     void ForgetReceived();

@@ -4,11 +4,13 @@
 #include <cstdint>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "sim/calibration.h"
 #include "sim/fault.h"
 #include "sim/line_reader.h"
 #include "sim/reply.h"
@@ -21,6 +23,13 @@ struct SimulatorOptions {
     // the last ".", a CB2 board's mark before it: "V2.08.01 CB2 MERRIN".
     std::string version = "V3.10.02 MERRIN";
     bool setupMode = true;
+    // Its bus address, 1 to 255: it then hears and speaks in frames only. 0: none.
+    int address = 0;
+    // Whether its firmware knows a key; a setting of another one is refused. Empty: it takes all that look
+    // like keys.
+    std::function<bool(std::string_view key)> knows{};
+    // So many lines more in its dump, of no use to anybody, to make it long.
+    int fillLines = 0;
     // What it holds at the start, as the lines of a configuration file or its body; a VERSION line in it is
     // passed over. Empty: an indicator reset to its defaults.
     std::string content{};
@@ -40,8 +49,9 @@ struct SimulatorOptions {
 //
 // It answers "VERSION" with its version text, "KNIX" with OK in setup mode, "DUMPALL" with VERSION and
 // all its parameter lines, "WDGT.CLR" and "DB.DELALL" with OK after clearing widgets or database,
-// "SJ.DOWNLOAD#" with a port number with OK; "KEY=VALUE" is stored and answered OK, "KEY" is answered
-// "KEY=VALUE". A lone CR has no answer. Anything else is answered "??". Not thread-safe.
+// "SJ.DOWNLOAD#" with a port number with OK, and the calibration commands as LoadCells says; "KEY=VALUE" is
+// stored and answered OK, "KEY" is answered "KEY=VALUE". A lone CR has no answer. Anything else is answered
+// "??". Not thread-safe.
 class Simulator {
   public:
     static constexpr std::size_t kLineCost = 32;
@@ -67,6 +77,9 @@ class Simulator {
     std::uint64_t ReceivedCount() const { return receivedCount_; }  // those no longer kept included
     void ForgetReceived();
 
+    // What it sends besides, because of a fault.
+    Unasked Streams() const;
+
     // The whole configuration as DUMPALL answers it.
     std::string DumpText() const;
 
@@ -79,8 +92,11 @@ class Simulator {
     static const Command kCommands[];
     static const Command* FindCommand(std::string_view line);
 
-    void Record(const std::string& line);
-    Reply AnswerLine(const std::string& line, bool tooLong);
+    void Record(std::string_view line);
+    Reply AnswerRaw(std::string_view raw, bool tooLong);
+    Reply AnswerLine(std::string_view line, bool tooLong);
+    std::string OnTheWire(const Reply& reply, std::string_view raw) const;
+    std::string Framed(std::string_view text, int address) const;
     std::string Handle(std::string_view line);
     std::string SetParameter(std::string_view key, std::string_view value);
     std::string AnswerParameter(std::string_view key) const;
@@ -97,6 +113,7 @@ class Simulator {
     std::vector<std::unique_ptr<Fault>> faults_;
     LineReader reader_;
     Store store_;
+    LoadCells loadCells_;
     std::uint64_t savedChanges_ = 0;
     std::deque<std::string> received_;
     std::size_t keptBytes_ = 0;

@@ -2,12 +2,10 @@
 
 #include <asio.hpp>
 #include <chrono>
-#include <exception>
-#include <mutex>
 #include <system_error>
-#include <thread>
 #include <utility>
 
+#include "sim/service.h"
 #include "sim/session.h"
 
 namespace calyx::sim {
@@ -16,7 +14,6 @@ namespace {
 
 using asio::ip::tcp;
 
-constexpr std::chrono::seconds kSaveAfter{1};     // from the first unsaved change
 constexpr std::chrono::milliseconds kRetry{250};  // after a connection that could not be taken
 
 bool SomebodyListens(asio::io_context& io, const tcp::endpoint& endpoint) {
@@ -48,58 +45,32 @@ tcp::acceptor Listen(asio::io_context& io, std::uint16_t port) {
 
 }  // namespace
 
-class TcpSimulator::Server {
+class TcpSimulator::Server : public Service {
   public:
     Server(SimulatorOptions options, std::uint16_t port, Report report)
-        : report_(std::move(report)),
-          indicator_(std::move(options)),
-          acceptor_(Listen(io_, port)),
+        : Service(std::move(options), std::move(report)),
+          acceptor_(Listen(Io(), port)),
           port_(acceptor_.local_endpoint().port()),
           session_(
-              indicator_, [this] { SaveSoon(); }, [this] { EndConnection(); }) {
+              Indicator(), [this] { SaveSoon(); }, [this] { EndConnection(); }) {
         Accept();
-        thread_ = std::thread([this] { Run(); });
+        Begin();
     }
-
-    ~Server() { Stop(); }
+    ~Server() override { Stop(); }
 
     std::uint16_t Port() const { return port_; }
-    SharedSimulator& Indicator() { return indicator_; }
-
-    void Stop() {
-        const std::lock_guard lock(stopping_);
-        if (!thread_.joinable()) return;
-        asio::post(io_, [this] { Close(); });
-        thread_.join();
-    }
 
   private:
-    void Run() {
-        for (bool ended = false; !ended;) {
-            try {
-                io_.run();
-                ended = true;
-            } catch (const std::exception& failure) {
-                Tell(std::string("the simulated indicator stops: ") + failure.what());
-                Close();
-            }
-        }
-        Save();
-    }
-
-    // Leaves nothing that could still happen, so that the thread runs out.
-    void Close() {
-        closing_ = true;
+    void CloseWire() override {
         std::error_code ignored;
         acceptor_.close(ignored);
         session_.Close();
         retry_.cancel();
-        save_.cancel();
     }
 
     void Accept() {
         acceptor_.async_accept([this](std::error_code error, tcp::socket socket) {
-            if (closing_) return;
+            if (Closing()) return;
             if (error) return AcceptLater(error);
             std::error_code ignored;
             socket.set_option(tcp::no_delay(true), ignored);
@@ -111,49 +82,19 @@ class TcpSimulator::Server {
         Tell("a connection could not be taken: " + why.message());
         retry_.expires_after(kRetry);
         retry_.async_wait([this](std::error_code error) {
-            if (!error && !closing_) Accept();
+            if (!error && !Closing()) Accept();
         });
     }
 
     void EndConnection() {
         Save();
-        if (!closing_) Accept();
+        if (!Closing()) Accept();
     }
 
-    void SaveSoon() {
-        if (savePending_ || !indicator_.StateUnsaved()) return;
-        savePending_ = true;
-        save_.expires_after(kSaveAfter);
-        save_.async_wait([this](std::error_code error) {
-            savePending_ = false;
-            if (!error) Save();
-        });
-    }
-
-    void Save() {
-        try {
-            indicator_.SaveState();
-        } catch (const std::exception& failure) {
-            Tell(failure.what());
-        }
-    }
-
-    void Tell(const std::string& trouble) {
-        if (report_) report_(trouble);
-    }
-
-    Report report_;
-    SharedSimulator indicator_;
-    asio::io_context io_{1};
     tcp::acceptor acceptor_;
     const std::uint16_t port_;
     Session<tcp::socket> session_;
-    asio::steady_timer retry_{io_};
-    asio::steady_timer save_{io_};
-    bool savePending_ = false;
-    bool closing_ = false;
-    std::mutex stopping_;  // one Stop at a time
-    std::thread thread_;
+    asio::steady_timer retry_{Io()};
 };
 
 TcpSimulator::TcpSimulator(SimulatorOptions options, std::uint16_t port, Report report)

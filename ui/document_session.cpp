@@ -19,10 +19,22 @@ DocumentSession::DocumentSession(ModelContext& context, QObject* parent)
     New();
 }
 
+void DocumentSession::Use(CIndicator&& document) {
+    document_ = std::move(document);
+    document_.Hardware().UpdateFromIndicator(liveCards_);
+}
+
+void DocumentSession::TakeLiveCards(const std::string& reported) {
+    if (reported == liveCards_) return;
+    liveCards_ = reported;
+    document_.Hardware().UpdateFromIndicator(liveCards_);
+    emit Changed({});
+}
+
 void DocumentSession::New() {
     CIndicator fresh(context_);
     fresh.Initialize();
-    document_ = std::move(fresh);
+    Use(std::move(fresh));
     report_ = {};
     history_.Clear();
     TakeBaseline();
@@ -32,7 +44,7 @@ void DocumentSession::New() {
 void DocumentSession::Open(const std::string& filename, bool skipChecks) {
     CIndicator opened(context_);
     report_ = opened.Load(filename, skipChecks);
-    document_ = std::move(opened);
+    Use(std::move(opened));
     history_.Clear();
     TakeBaseline();
     emit Replaced();

@@ -46,6 +46,10 @@ class DocumentSession : public QObject {
     // Whether that would change anything.
     bool CanRevert(const Change& sinceSave) const;
 
+    // The cards that a connected indicator reports (the value of its line HARDWARE), kept beside every
+    // document until the next call; empty: none is connected. Views hear of it by Changed.
+    void TakeLiveCards(const std::string& reported);
+
     // Typing is one step until it ends. What was typed so far goes back when it has become wrong.
     void EndTyping() { history_.Seal(); }
     void TakeBackTyping(const std::string& key);
@@ -77,6 +81,7 @@ class DocumentSession : public QObject {
 
   private:
     void TakeBaseline();
+    void Use(CIndicator&& document);
     void Announce(const ChangeSet& changes);
     void AnnounceAndShow(const ChangeSet& changes);
     std::string StepName(const std::string& key, const ChangeSet& changes) const;
@@ -86,6 +91,7 @@ class DocumentSession : public QObject {
     History history_;
     ReadReport report_;
     std::vector<KeyValue> savedLines_;
+    std::string liveCards_;
 };
 
 }  // namespace calyx::ui

@@ -136,6 +136,7 @@ inline constexpr int kLineHeading = 20443;
 inline constexpr int kNoteHeading = 20444;
 inline constexpr int kNoteText = 20445;
 inline constexpr int kNoteUnknown = 20446;
+inline constexpr int kNoteNotThere = 40040;
 inline constexpr int kNoteDuplicate = 20447;
 inline constexpr int kNoteList = 20448;           // {1} value
 inline constexpr int kNoteNotUnderstood = 20449;  // {1} value

@@ -47,7 +47,10 @@ std::string Sentence(const ReadNote& note) {
         case ReadNote::Kind::TextLine:
             return (IsComment(note) ? "a comment, not kept: " : "no parameter line, not kept: ") + value;
         case ReadNote::Kind::UnknownKey:
-            return key + " is no known parameter, not kept: " + value;
+            return key +
+                   (note.section.empty() ? " is no known parameter, not kept: "
+                                         : " is of no item that is there, not kept: ") +
+                   value;
         case ReadNote::Kind::DuplicateKey:
             return key + " stands there again, passed over: " + value + "; the first one counts: " + became;
         case ReadNote::Kind::ListValue:

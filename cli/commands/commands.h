@@ -21,6 +21,8 @@ std::unique_ptr<Command> MakeConnect();
 std::unique_ptr<Command> MakeDownload();
 std::unique_ptr<Command> MakeUpload();
 std::unique_ptr<Command> MakeCompare();
+std::unique_ptr<Command> MakeCalibrate();
+std::unique_ptr<Command> MakeResume();
 std::unique_ptr<Command> MakeSend();
 std::unique_ptr<Command> MakeSimulate();
 

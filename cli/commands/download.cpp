@@ -6,6 +6,7 @@
 #include "cli/differences.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
+#include "cli/safe_transfer.h"
 #include "cli/transfer.h"
 #include "comm/upload.h"
 #include "model/language/text.h"
@@ -16,25 +17,6 @@ namespace {
 
 constexpr int kMostTimeoutMs = 600'000;
 
-class DownloadProgress final : public IDownloadEvents {
-  public:
-    DownloadProgress(Program& program, Progress& progress) : program_(program), progress_(progress) {}
-    void Status(const std::string& text) override { progress_.Step(text); }
-    void Line(const std::string&, int number, int total) override {
-        progress_.Count(static_cast<std::size_t>(number), static_cast<std::size_t>(total));
-    }
-    void Notice(const std::string& title, const std::string& text) override {
-        progress_.Clear();
-        program_.Say(title + ": " + text);
-    }
-    // Told once, as the error that the program ends with.
-    void Failure(const std::string&, const std::string&) override {}
-
-  private:
-    Program& program_;
-    Progress& progress_;
-};
-
 class DownloadCommand final : public Command {
   public:
     std::string_view Name() const override { return "download"; }
@@ -43,7 +25,9 @@ class DownloadCommand final : public Command {
         return "The lines that the indicator refused and \"Errors: N\" are printed at the end; exit code 1 "
                "when N is not\n"
                "0. --dry-run needs no LINK: it prints the lines in sending order for --firmware and sends "
-               "nothing.\n";
+               "nothing.\n"
+               "--changed keeps what the indicator held in the folder backups of the user's folder. When the "
+               "link is lost\nmeanwhile, the command resume goes on.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -54,7 +38,8 @@ class DownloadCommand final : public Command {
         options.Number(timeoutMs_, "--timeout-ms", "N", "wait for the answer to a line; 10000 without it", 1,
                        kMostTimeoutMs);
         options.Flag(haltOnError_, "--halt-on-error", "ends with the first line that is refused");
-        options.Flag(changed_, "--changed", "sends only what differs (not there yet)");
+        options.Flag(changed_, "--changed",
+                     "reads the indicator first, sends only what differs and reads back");
         options.Flag(verify_, "--verify", "reads back afterwards and lists what differs");
         options.Text(backup_, "--backup", "FILE", "keeps what the indicator held before in this new file");
         options.Flag(dryRun_, "--dry-run", "prints the lines and sends nothing");
@@ -86,7 +71,8 @@ class DownloadCommand final : public Command {
     };
 
     void CheckUsage(Program& program) const {
-        if (changed_) throw UsageError("--changed is not there yet; without it all lines are sent");
+        if (dryRun_ && changed_)
+            throw UsageError("--changed reads the indicator; --dry-run does without one");
         if (dryRun_ && (verify_ || backup_))
             throw UsageError("--dry-run sends nothing, so there is nothing to verify or to back up");
         if (!dryRun_ && (firmware_.prefix || firmware_.cb2)) {
@@ -120,6 +106,7 @@ class DownloadCommand final : public Command {
     int Send(Program& program, const CIndicator& document, const DownloadOptions& options) const {
         Link link(program, link_);
         link.Connect();
+        if (changed_) return SendChanged(program, link, document, file_, options, backup_);
         Progress progress(program.Ends());
         if (backup_) {
             WriteUpload(*program.Model().files, program.Model().texts, *backup_,

@@ -5,16 +5,20 @@
 #include <thread>
 
 #include "cli/commands/commands.h"
+#include "cli/documents.h"
 #include "cli/exit.h"
 #include "cli/program.h"
+#include "comm/firmware_keys.h"
 #include "platform/paths.h"
 #include "sim/fault.h"
+#include "sim/pty_simulator.h"
 #include "sim/tcp_server.h"
 
 namespace calyx::cli {
 
 namespace {
 
+constexpr int kMostFill = 1'000'000;
 constexpr auto kRest = std::chrono::milliseconds(50);  // between two looks at the cancel flag
 
 class Simulate final : public Command {
@@ -23,9 +27,12 @@ class Simulate final : public Command {
     std::string_view Help() const override { return "runs a simulated indicator until Ctrl+C"; }
     std::string Notes() const override {
         std::string notes =
-            "It listens on 127.0.0.1, which only programs of this computer reach; the address is printed "
-            "once it\n"
-            "does.\n\nFaults:\n";
+            "It listens on 127.0.0.1, which only programs of this computer reach; the address, or the path "
+            "of "
+            "the\n"
+            "pseudo-terminal, is printed once it does.\n\nFaults, each for one line only with @K behind it, "
+            "or "
+            "from the\nK-th line on with @K+:\n";
         std::size_t width = 0;
         for (const auto& fault : sim::KnownFaults()) width = std::max(width, fault.form.size());
         for (const auto& fault : sim::KnownFaults()) {
@@ -41,28 +48,33 @@ class Simulate final : public Command {
     void Declare(Options& options) override {
         options.Number(port_, "--tcp", "PORT", "TCP port to listen on; 0, as without it: a free one", 0,
                        65535);
-        options.Flag(pty_, "--pty", "a pseudo-terminal instead of TCP (not there yet)");
+        options.Flag(pty_, "--pty", "a serial line on a pseudo-terminal instead of TCP");
         options.Text(version_, "--version", "TEXT", "the answer to VERSION; \"V3.10.02 MERRIN\" without it");
-        options.Number(address_, "--address", "N", "bus address (not there yet)", 1, 255);
-        options.Text(settings_, "--settings", "19200,N,8,1", "serial settings it answers at (not there yet)");
+        options.Number(address_, "--address", "N", "bus address: it hears and speaks in frames only", 1, 255);
+        options.Text(settings_, "--settings", "19200,N,8,1",
+                     "serial settings that it answers at; 9600,N,8,1 without it");
+        options.Text(content_, "--content", "FILE", "a configuration file with what it holds at the start");
+        options.Flag(strict_, "--strict", "refuses keys that the firmware of --version does not know");
+        options.Number(fill_, "--fill", "N", "so many lines more in its dump, of no use, to make it long", 0,
+                       kMostFill);
         options.Text(state_, "--state", "FILE", "keeps what it holds in this file over restarts");
         options.Each(faults_, "--fault", "NAME[:ARG]", "misbehaves in this way; can be given more than once");
     }
 
     int Run(Program& program) override {
-        if (pty_ || address_ || settings_) {
-            throw UsageError(
-                "--pty, --address and --settings are not there yet: the simulated indicator has TCP only");
-        }
-        sim::SimulatorOptions options;
-        if (version_) options.version = *version_;
-        if (state_) options.stateFile = PathOf(*state_);
-        options.faults = faults_;
+        if (pty_ && port_) throw UsageError("give --tcp or --pty, not both");
+        if (settings_ && !pty_) throw UsageError("--settings are for --pty");
+        const auto report = [&](const std::string& trouble) { program.Say(trouble); };
         try {
-            sim::TcpSimulator simulator(std::move(options), static_cast<std::uint16_t>(port_.value_or(0)),
-                                        [&](const std::string& trouble) { program.Say(trouble); });
-            program.Out() << "listening on " << simulator.Address() << '\n' << std::flush;
-            while (!program.Cancelled()) std::this_thread::sleep_for(kRest);
+            if (pty_) {
+                sim::PtySimulator simulator(What(program), {.settings = settings_.value_or("9600,N,8,1")},
+                                            report);
+                Serve(program, simulator.Path());
+            } else {
+                sim::TcpSimulator simulator(What(program), static_cast<std::uint16_t>(port_.value_or(0)),
+                                            report);
+                Serve(program, simulator.Address());
+            }
         } catch (const std::invalid_argument& wrong) {
             throw UsageError(wrong.what());
         } catch (const sim::StateFileError& failure) {
@@ -77,10 +89,31 @@ class Simulate final : public Command {
     }
 
   private:
-    std::optional<int> port_, address_;
-    std::optional<std::string> version_, settings_, state_;
+    sim::SimulatorOptions What(Program& program) const {
+        sim::SimulatorOptions options;
+        if (version_) options.version = *version_;
+        if (content_) options.content = ReadWhole(program, *content_);
+        if (state_) options.stateFile = PathOf(*state_);
+        if (strict_) {
+            TargetVersion target;
+            target.TakeReply(options.version);
+            options.knows = KeysKnownTo(program.Model(), target.Gated());
+        }
+        options.address = address_.value_or(0);
+        options.fillLines = fill_.value_or(0);
+        options.faults = faults_;
+        return options;
+    }
+
+    static void Serve(Program& program, const std::string& where) {
+        program.Out() << "listening on " << where << '\n' << std::flush;
+        while (!program.Cancelled()) std::this_thread::sleep_for(kRest);
+    }
+
+    std::optional<int> port_, address_, fill_;
+    std::optional<std::string> version_, settings_, content_, state_;
     std::vector<std::string> faults_;
-    bool pty_ = false;
+    bool pty_ = false, strict_ = false;
 };
 
 }  // namespace

@@ -14,6 +14,9 @@ class CAnalogOut : public RowObject<AnalogFields> {
     void Initialize(int channel);  // 10002 outside 1 to 28
     void ReloadDefaults() { Parameters().ReloadDefaults(); }
     int Position() const;  // its card's slot
+    std::string Alias() const { return std::string(Values().alias.Trimmed()); }
+    std::int32_t Source() const { return Values().source; }  // scale; 0: a Scrivo program
+    std::string Mode() const { return std::string(Values().mode.Trimmed()); }
     void SetAlias(
         std::string_view alias);  // at most 8 characters, else 10001; an identifier or empty, else 10010
 

@@ -1,5 +1,7 @@
 #include "model/cards/digital_io.h"
 
+#include <algorithm>
+
 #include "model/cards/card_types.h"
 #include "model/language/text_list.h"
 #include "model/validation/validate.h"
@@ -30,11 +32,16 @@ std::string_view CDigitalIO::Alias(int point) const {
     return Values().alias[Place(point, "Alias")].Trimmed();
 }
 
+std::string CDigitalIO::PointDefinitionCommand(int point) const {
+    const std::size_t row = 2 * Place(point, "PointDefinitionCommand");
+    return Parameters().Key(row) + "=" + Parameters().Text(row);
+}
+
 void CDigitalIO::SetPointDefinition(int point, std::string_view definition) {
     const std::size_t place = Place(point, "PointDefinition");
-    const CTextList* list = Parameters().List(2 * place);
-    if (!list->ValidateItem(Trim(definition))) {
-        Own().Fail(code::kOutOfRange, "PointDefinition", {definition, list->TabDelimitedList()});
+    const CTextList& list = PointDefinitions();
+    if (!list.ValidateItem(Trim(definition))) {
+        Own().Fail(code::kOutOfRange, "PointDefinition", {definition, list.TabDelimitedList()});
     }
     Own().Fields().definition[place].Assign(definition);
 }
@@ -56,7 +63,16 @@ std::string CDigitalIO::GetIWriteImportDef() const {
         if (!alias.Trimmed().empty()) points += constant(FixedText<8>(alias.Trimmed()).Padded(), point);
     }
     if (points.empty()) return {};
-    return constant("DIOCRD" + std::to_string(Number()), Number()) + points;
+    return constant(ConstantOfCard(), Number()) + points;
+}
+
+bool CDigitalIO::HasAlias() const {
+    const auto& aliases = Values().alias;
+    return std::any_of(aliases.begin(), aliases.end(), [](const auto& a) { return !a.Trimmed().empty(); });
+}
+
+std::string CDigitalIO::ConstantOfCard() const {
+    return "DIOCRD" + std::to_string(Number());
 }
 
 }  // namespace calyx

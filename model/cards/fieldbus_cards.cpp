@@ -32,8 +32,15 @@ void CFieldbusCard::Initialize(int number) {
     Begin(number, "#" + std::to_string(number));
 }
 
-std::vector<Item*> CFieldbusCards::Items() {
-    std::vector<Item*> items;
+void CFieldbusCard::SetSwapByte(std::string_view word) {
+    FieldbusFields& fields = Fields();
+    if (!swapByteList().ValidateItem(Trim(word)))
+        Fail(code::kOutOfRange, "SwapByte", {word, swapByteList().TabDelimitedList()});
+    fields.swapByte.Assign(Trim(word));
+}
+
+std::vector<calyx::Item*> CFieldbusCards::Items() {
+    std::vector<calyx::Item*> items;
     for (const int number : present_) items.push_back(&cards_.at(number).Parameters());
     return items;
 }
@@ -105,7 +112,7 @@ void CFieldbusCards::Prepare(std::vector<Change>& changes, Check check, const Va
     }
 }
 
-const CFieldbusCard& CFieldbusCards::Card(int number) const {
+const CFieldbusCard& CFieldbusCards::Item(int number) const {
     if (Exists(number)) return cards_.at(number);
     throw Error(code::kOutOfRange, "Calyx.CFieldbusCards.Item",
                 Context().texts.Format(code::kOutOfRange, {std::to_string(number), "1 to 14"}));

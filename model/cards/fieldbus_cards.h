@@ -5,6 +5,7 @@
 #include <span>
 
 #include "model/cards/card_fields.h"
+#include "model/cards/card_lists.h"
 #include "model/language/row_object.h"
 #include "model/language/section.h"
 
@@ -14,9 +15,18 @@ namespace calyx {
 class CFieldbusCard : public RowObject<FieldbusFields> {
   public:
     explicit CFieldbusCard(const ModelContext& context)
-        : RowObject(context, kFieldbusTable, "CFieldbusCard") {}
+        : RowObject(context, kFieldbusTable, "CFieldbusCard"), lists_(context) {}
     void Initialize(int number);  // 10002 outside 1 to 14
     void ReloadDefaults() { Parameters().ReloadDefaults(); }
+
+    std::int32_t Size() const { return Values().size; }
+    void SetSize(std::int32_t size) { Fields().size = size; }
+    std::string SwapByte() const { return std::string(Values().swapByte.Trimmed()); }
+    void SetSwapByte(std::string_view word);  // a word of the list, else 10002
+    const CTextList& swapByteList() const { return lists_.swapByteList(); }
+
+  private:
+    CFieldbusLists lists_;
 };
 
 // The fieldbus cards. A card exists when the file holds a line of it, or once it was put into its slot.
@@ -26,7 +36,8 @@ class CFieldbusCards : public Section {
 
     std::string_view Name() const override { return "fieldbuscards"; }
     int Title() const override { return 2128; }
-    std::vector<Item*> Items() override;
+    using Section::Items;
+    std::vector<calyx::Item*> Items() override;
     void Initialize() override;
     void RestoreState(Dictionary& lines, ReadReport& report) override;
     bool Owns(std::string_view key) const override;
@@ -34,7 +45,7 @@ class CFieldbusCards : public Section {
     void MarkSaved() override;
 
     bool Exists(int number) const { return present_.contains(number); }
-    const CFieldbusCard& Card(int number) const;  // 10002 when there is none
+    const CFieldbusCard& Item(int number) const;  // 10002 when there is none
     // The lines that a new card of that number has, or that go with one.
     std::vector<Change> Adding(int number) const;
     std::vector<Change> Removing(int number) const;

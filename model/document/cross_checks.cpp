@@ -27,6 +27,7 @@ class AliasCheck {
     AliasCheck(const CIndicator& document, CBrokenRules& rules) : document_(document), rules_(rules) {}
 
     void Run() {
+        TakeOtherNames();
         for (const Section* section : document_.Sections()) {
             if (section->Name() == "widgets") continue;  // they check their names themselves
             for (const Item* item : section->Items()) CheckItem(*section, *item);
@@ -41,6 +42,31 @@ class AliasCheck {
     }
 
   private:
+    // What else the import file declares: a constant for each card with named points, types and constants
+    // for the tables of the memory cards.
+    void TakeOtherNames() {
+        const CHardware& hardware = document_.Hardware();
+        for (const int number : hardware.DigitalIOs()) {
+            const CDigitalIO& points = hardware.DigitalIO(number);
+            if (points.HasAlias()) Declare(points.ConstantOfCard(), hardware.ItemTitle(points.Parameters()));
+        }
+        for (const int slot : hardware.MemoryCards()) {
+            const CMemoryCard& memory = hardware.MemoryCard(slot);
+            for (const int table : memory.Schemas()) {
+                const CSchema& schema = memory.Schema(table);
+                const std::string name(schema.Name()), title = hardware.ItemTitle(schema.Parameters());
+                if (name.empty()) continue;
+                Declare(name + "Record", title);
+                Declare(name + "Database", title);
+                for (const SchemaField& field : schema.AllFields()) Declare(name + "_" + field.name, title);
+            }
+        }
+    }
+
+    void Declare(std::string_view name, const std::string& title) {
+        seen_.try_emplace(Upper(name), Place{title, false});
+    }
+
     void CheckItem(const Section& section, const Item& item) {
         const std::vector<bool> written = item.WrittenRows();
         for (std::size_t row = 0; row < item.RowCount(); ++row) {
@@ -131,11 +157,17 @@ void CrossCheck(const CIndicator& document, CBrokenRules& rules) {
     CheckDigitalPoints(document, rules);
     CheckScalePorts(
         document.Scales(), [&](int port) { return hardware.InputOf(port); }, texts, rules);
-    CheckSetpointSurroundings(document.Setpoints(),
-                              {.scaleExists = scaleExists,
-                               .pulseInputExists = {},  // the main board has some, too
-                               .digitalSlotExists = [&](int slot) { return hardware.HasDigitalIO(slot); }},
-                              texts, rules);
+    CheckSetpointSurroundings(
+        document.Setpoints(),
+        {.scaleExists = scaleExists,
+         .pulseInputExists = {},  // the main board has some, too
+         .digitalPoints =
+             [&](int slot) {
+                 return hardware.HasDigitalIO(slot) ? hardware.DigitalIO(slot).NumberOfPoints() : 0;
+             },
+         .isOutput = [&](int slot,
+                         int point) { return hardware.DigitalIO(slot).PointDefinition(point) == "OUTPUT"; }},
+        texts, rules);
     CheckWidgetScales(document.Widgets(), scaleExists, texts, rules);
     document.Tickets().CheckPorts([&](int port) { return hardware.HasPort(port); }, rules);
 }

@@ -1,6 +1,7 @@
 // The document's file: the envelope around the sections' lines, its checks, and opening and saving.
 
 #include <algorithm>
+#include <functional>
 #include <system_error>
 
 #include "model/document/checksum.h"
@@ -33,7 +34,9 @@ std::int32_t BodyChecksum(std::string_view text) {
     return Checksum(text.substr(static_cast<std::size_t>(begin + lead - 1), static_cast<std::size_t>(size)));
 }
 
-void AddFileNotes(const Dictionary& lines, ReadReport& report) {
+// `ownerOf`: the name of the section that owns a key, empty for none.
+void AddFileNotes(const Dictionary& lines, ReadReport& report,
+                  const std::function<std::string(std::string_view key)>& ownerOf) {
     using Kind = ReadNote::Kind;
     for (const auto& text : lines.TextLines()) {
         if (text.text != kBegin && text.text != kEnd && !Trim(text.text).empty()) {
@@ -47,10 +50,16 @@ void AddFileNotes(const Dictionary& lines, ReadReport& report) {
             {Kind::DuplicateKey, {}, std::string(entry.key), std::string(entry.value), first, entry.line});
     }
     for (const auto& entry : lines.Entries()) {
+        if (entry.asked) continue;
         const bool ofTheEnvelope = EqualNoCase(entry.key, "@REVISION") || EqualNoCase(entry.key, "@CRC") ||
                                    EqualNoCase(entry.key, "@CODFile");
-        if (entry.asked || ofTheEnvelope) continue;
-        report.Add({Kind::UnknownKey, {}, std::string(entry.key), std::string(entry.value), {}, entry.line});
+        if (ofTheEnvelope) continue;
+        report.Add({Kind::UnknownKey,
+                    ownerOf(entry.key),
+                    std::string(entry.key),
+                    std::string(entry.value),
+                    {},
+                    entry.line});
     }
 }
 
@@ -165,7 +174,12 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
         lines, report);
     s.general.SetVersion(indicatorVersion_);
     s.general.MarkSaved();
-    AddFileNotes(lines, report);
+    AddFileNotes(lines, report, [&](std::string_view key) {
+        for (const Section* section : InBodyOrder(s)) {
+            if (section->Owns(key)) return std::string(section->Name());
+        }
+        return std::string();
+    });
     // All is read: from here on nothing fails.
     sections_.emplace(std::move(s));
     isNew_ = false;

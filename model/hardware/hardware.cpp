@@ -1,6 +1,7 @@
 #include "model/hardware/hardware.h"
 
 #include <algorithm>
+#include <iterator>
 
 #include "model/language/error.h"
 
@@ -38,7 +39,6 @@ CHardware::CHardware(const ModelContext& context)
       analogLists_(context),
       digitalLists_(context),
       slots_(kSlotTable, context) {
-    live_.fill(card::kEmptySlot);
     MakeRoom();
 }
 
@@ -86,7 +86,12 @@ void CHardware::RestoreState(Dictionary& lines, ReadReport& report) {
 void CHardware::MakeRoom() {
     const auto make = [&](auto& objects, int number) {
         const auto [place, isNew] = objects.try_emplace(number, Context());
-        if (isNew) place->second.Initialize(number);
+        if (!isNew) return;
+        if constexpr (requires { place->second.InitializeLike(place->second, number); }) {
+            if (place != objects.begin())
+                return place->second.InitializeLike(std::prev(place)->second, number);
+        }
+        place->second.Initialize(number);
     };
     for (int port = 1; port <= kBoardPorts; ++port) make(ports_, port);
     make(digital_, kMainBoard);
@@ -175,6 +180,8 @@ std::string CHardware::HardwareWith(int slot, std::int32_t code) const {
 }
 
 void CHardware::UpdateFromIndicator(std::string_view reported) {
+    live_.reset();
+    if (Trim(reported).empty()) return;
     SlotFields taken;
     const auto codes = Split(reported, ',');
     for (std::size_t i = 0; i < taken.codes.size() && i < codes.size(); ++i) {
@@ -186,7 +193,11 @@ void CHardware::UpdateFromIndicator(std::string_view reported) {
 
 std::int32_t CHardware::LiveCardType(int slot) const {
     NeedSlot(slot, "LiveCardType");
-    return live_[Place(slot)];
+    return live_ ? (*live_)[Place(slot)] : card::kEmptySlot;
+}
+
+bool CHardware::DiffersFromLive(int slot) const {
+    return live_ && CardType(slot) != LiveCardType(slot);
 }
 
 bool CHardware::HasPort(int port) const {

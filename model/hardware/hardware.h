@@ -2,6 +2,7 @@
 
 #include <array>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -50,9 +51,11 @@ class CHardware : public Section {
     // The text of the line HARDWARE with another card in a slot.
     std::string HardwareWith(int slot, std::int32_t code) const;
 
-    // What a connected indicator reports: the value of its own line HARDWARE.
+    // What a connected indicator reports: the value of its own line HARDWARE. Empty: none is connected.
     void UpdateFromIndicator(std::string_view reported);
-    std::int32_t LiveCardType(int slot) const;
+    bool HasLiveCards() const { return live_.has_value(); }
+    std::int32_t LiveCardType(int slot) const;  // card::kEmptySlot also where nothing was reported
+    bool DiffersFromLive(int slot) const;       // never while nothing was reported
     CBrokenRules ValidateLiveHardware() const;  // where the slots differ from the reported ones
 
     bool HasPort(int port) const;
@@ -117,7 +120,7 @@ class CHardware : public Section {
     std::map<int, CAnalogOut> analog_;
     std::map<int, CDigitalIO> digital_;
     std::map<int, CMemoryCard> memory_;
-    std::array<std::int32_t, card::kSlots> live_{};
+    std::optional<std::array<std::int32_t, card::kSlots>> live_;
 };
 
 }  // namespace calyx

@@ -90,11 +90,10 @@ void CHardware::ValidateDigital(CBrokenRules& rules) const {
 
 CBrokenRules CHardware::ValidateLiveHardware() const {
     CBrokenRules rules;
-    const auto code = [](std::int32_t type) { return std::to_string(card::IsEmpty(type) ? 0 : type); };
     for (int slot = 1; slot <= card::kSlots; ++slot) {
         const auto name = [&](std::int32_t type) { return Context().texts.Text(card::Name(type)); };
         const std::string here = name(CardType(slot)), there = name(LiveCardType(slot));
-        if (code(CardType(slot)) == code(LiveCardType(slot))) continue;
+        if (!DiffersFromLive(slot)) continue;
         rules.Add({std::string(Name()), slot, "HARDWARE",
                    Context().texts.Format(kLiveCard, {std::to_string(slot), here, there})});
     }

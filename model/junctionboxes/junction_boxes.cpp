@@ -1,5 +1,7 @@
 #include "model/junctionboxes/junction_boxes.h"
 
+#include <iterator>
+
 #include "model/junctionboxes/vexal_ports.h"
 
 namespace calyx {
@@ -71,14 +73,15 @@ void CJunctionBoxes::SetPorts(const std::vector<int>& ports) {
 }
 
 void CJunctionBoxes::Add(int port) {
-    CJunctionBox fresh(Context());
-    if (boxes_.empty()) {
-        fresh.Initialize(port);
+    const auto [place, isNew] = boxes_.try_emplace(port, Context());
+    CJunctionBox& box = place->second;
+    if (!isNew) {
+        box.ReloadDefaults();
+    } else if (boxes_.size() == 1) {
+        box.Initialize(port);
     } else {
-        fresh.Initialize(port, boxes_.begin()->second);
+        box.Initialize(port, (place == boxes_.begin() ? std::next(place) : boxes_.begin())->second);
     }
-    const auto [place, isNew] = boxes_.try_emplace(port, std::move(fresh));
-    if (!isNew) place->second.ReloadDefaults();
     ports_.insert(port);
 }
 

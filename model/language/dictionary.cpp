@@ -1,7 +1,9 @@
 #include "model/language/dictionary.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
+#include <utility>
 
 #include "model/language/text.h"
 
@@ -9,28 +11,26 @@ namespace calyx {
 
 namespace {
 
-// Eight characters a step, the last ones together with some before them; bit 5 set folds the letters.
-// Other characters that fold together only collide, the comparison of keys is exact. The upper bits are
-// the good ones.
-std::uint64_t HashKey(std::string_view key) {
-    constexpr std::uint64_t kFold = 0x2020202020202020ull;
-    constexpr std::uint64_t kMix = 0x9E3779B97F4A7C15ull;
-    const auto chunk = [&key](std::size_t at) {
-        std::uint64_t characters;
-        std::memcpy(&characters, key.data() + at, 8);
-        return characters | kFold;
-    };
-    std::uint64_t hash = key.size();
-    if (key.size() < 8) {
-        for (const char c : key) hash = hash << 8 | static_cast<unsigned char>(c | 0x20);
-    } else {
-        for (std::size_t at = 0; at + 8 < key.size(); at += 8) {
-            hash = (hash ^ chunk(at)) * kMix;
-            hash ^= hash >> 32;
-        }
-        hash ^= chunk(key.size() - 8);
+// "#3"; empty for a key without a number.
+std::string_view SuffixOf(std::string_view key) {
+    for (std::size_t at = key.size(); at != 0; --at) {
+        if (key[at - 1] == '#') return key.substr(at - 1);
     }
-    return hash * kMix;
+    return {};
+}
+
+// In steps short enough for a count in one byte, which the compiler turns into wide instructions.
+std::size_t CountOf(char wanted, std::string_view text) {
+    constexpr std::size_t kStep = 128;
+    std::size_t count = 0;
+    while (text.size() >= kStep) {
+        std::uint8_t inStep = 0;
+        for (std::size_t i = 0; i < kStep; ++i)
+            inStep = static_cast<std::uint8_t>(inStep + (text[i] == wanted));
+        count += inStep;
+        text.remove_prefix(kStep);
+    }
+    return count + static_cast<std::size_t>(std::count(text.begin(), text.end(), wanted));
 }
 
 }  // namespace
@@ -39,6 +39,7 @@ Dictionary::Dictionary(std::string text) : text_(std::make_unique<const std::str
     ReadLines();
     Index();
     FindRuns();
+    FindGroups();
 }
 
 Dictionary Dictionary::FromEntries(const std::vector<std::pair<std::string, std::string>>& lines) {
@@ -50,6 +51,16 @@ Dictionary Dictionary::FromEntries(const std::vector<std::pair<std::string, std:
 // Lines end in CR LF or LF; a CR inside a line ends it as well, so that a dump whose lines end in CR
 // alone is read too.
 void Dictionary::ReadLines() {
+    // Nearly every file has all its CRs before LFs.
+    const std::size_t returns = CountOf('\r', *text_);
+    if (ReadLines(false) == returns) return;
+    entries_.clear();
+    textLines_.clear();
+    ReadLines(true);
+}
+
+std::size_t Dictionary::ReadLines(bool splitAtReturns) {
+    std::size_t returns = 0;
     entries_.reserve(text_->size() / 16 + 16);
     std::uint32_t number = 0;
     const auto take = [&](const char* begin, const char* end) {
@@ -72,7 +83,8 @@ void Dictionary::ReadLines() {
             static_cast<const char*>(std::memchr(at, '\n', static_cast<std::size_t>(stop - at)));
         const char* end = newline == nullptr ? stop : newline;
         const char* last = newline != nullptr && end != at && end[-1] == '\r' ? end - 1 : end;
-        while (last != at) {
+        returns += last != end ? 1 : 0;
+        while (splitAtReturns && last != at) {
             const auto* cr =
                 static_cast<const char*>(std::memchr(at, '\r', static_cast<std::size_t>(last - at)));
             if (cr == nullptr) break;
@@ -82,6 +94,7 @@ void Dictionary::ReadLines() {
         if (newline != nullptr || last != at) take(at, last);
         at = newline == nullptr ? stop : newline + 1;
     }
+    return returns;
 }
 
 void Dictionary::Index() {
@@ -115,10 +128,55 @@ void Dictionary::FindRuns() {
     }
 }
 
+// An item's lines stand together in a file that a program wrote, so nearly every line goes on with the
+// group of the line before.
+void Dictionary::FindGroups() {
+    nextInGroup_.assign(entries_.size(), kNone);
+    groupSlots_.assign(std::bit_ceil(entries_.size() + 8), 0);
+    for (const Run& run : runs_) {
+        if (!run.head.ends_with('.')) continue;
+        std::string_view suffix;
+        std::uint32_t group = kNone;
+        for (const Entry& entry : run.entries) {
+            const auto place = static_cast<std::uint32_t>(&entry - entries_.data());
+            if (group == kNone || !entry.key.ends_with(suffix)) {
+                const std::string_view own = SuffixOf(entry.key);
+                if (own.empty()) continue;
+                suffix = own;
+                const std::size_t slot = GroupSlotOf(run.head, suffix);
+                if (groupSlots_[slot] == 0) {
+                    groups_.push_back({place, place});
+                    groupSlots_[slot] = static_cast<std::uint32_t>(groups_.size());
+                    group = static_cast<std::uint32_t>(groups_.size() - 1);
+                    continue;
+                }
+                group = groupSlots_[slot] - 1;
+            }
+            nextInGroup_[std::exchange(groups_[group].last, place)] = place;
+        }
+    }
+}
+
+std::size_t Dictionary::GroupSlotOf(std::string_view head, std::string_view suffix) const {
+    const std::size_t mask = groupSlots_.size() - 1;
+    std::size_t slot = (HashNoCase(head) ^ HashNoCase(suffix)) >> 32 & mask;
+    const auto isThis = [&](std::uint32_t group) {
+        const std::string_view key = entries_[groups_[group].first].key;
+        return SuffixOf(key) == suffix && StartsNoCase(key, head);
+    };
+    while (groupSlots_[slot] != 0 && !isThis(groupSlots_[slot] - 1)) slot = (slot + 1) & mask;
+    return slot;
+}
+
+Dictionary::Group Dictionary::GroupOf(std::string_view head, std::string_view suffix) const {
+    const std::uint32_t group = groupSlots_[GroupSlotOf(head, suffix)];
+    return {*this, group == 0 ? kNone : groups_[group - 1].first};
+}
+
 // The slot that holds the key, or the free one where it would stand.
 std::size_t Dictionary::SlotOf(std::string_view key) const {
     const std::size_t mask = slots_.size() - 1;
-    std::size_t slot = HashKey(key) >> slotShift_;
+    std::size_t slot = HashNoCase(key) >> slotShift_;
     while (slots_[slot] != 0 && !EqualNoCase(entries_[slots_[slot] - 1].key, key)) slot = (slot + 1) & mask;
     return slot;
 }

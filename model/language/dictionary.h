@@ -28,6 +28,34 @@ class Dictionary {
         std::string_view head;
         std::span<const Entry> entries;
     };
+    // The entries of one item, whose keys begin with one head, "SC.", and end with one number, "#3"; in
+    // file order. For an item of many rows this is far quicker than asking for each of its keys.
+    class Group {
+      public:
+        class Iterator {
+          public:
+            Iterator(const Dictionary& lines, std::uint32_t place) : lines_(&lines), place_(place) {}
+            const Entry& operator*() const { return lines_->entries_[place_]; }
+            Iterator& operator++() {
+                place_ = lines_->nextInGroup_[place_];
+                return *this;
+            }
+            bool operator==(const Iterator&) const = default;
+
+          private:
+            const Dictionary* lines_;
+            std::uint32_t place_;
+        };
+
+        Group(const Dictionary& lines, std::uint32_t first) : lines_(&lines), first_(first) {}
+        Iterator begin() const { return {*lines_, first_}; }
+        Iterator end() const { return {*lines_, kNone}; }
+
+      private:
+        const Dictionary* lines_;
+        std::uint32_t first_;
+    };
+
     struct TextLine {  // a line without "=": a comment, or something that is no parameter
         std::string_view text;
         std::uint32_t line = 0;
@@ -44,6 +72,12 @@ class Dictionary {
         entries_[static_cast<std::size_t>(&entry - entries_.data())].asked = true;
     }
 
+    // Whether an item's keys, with this before and behind their stems, make a group.
+    static bool IsGrouped(std::string_view head, std::string_view suffix) {
+        return suffix.starts_with('#') && head.find_first_of(".#") + 1 == head.size() && head.ends_with('.');
+    }
+    Group GroupOf(std::string_view head, std::string_view suffix) const;
+
     const std::string& Text() const { return *text_; }
     const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences
     const std::vector<Run>& Runs() const { return runs_; }                // all entries, in file order
@@ -52,8 +86,11 @@ class Dictionary {
 
   private:
     void ReadLines();
+    std::size_t ReadLines(bool splitAtReturns);  // how many CRs stand before LFs
     void Index();
     void FindRuns();
+    void FindGroups();
+    std::size_t GroupSlotOf(std::string_view head, std::string_view suffix) const;
     std::size_t SlotOf(std::string_view key) const;
 
     std::unique_ptr<const std::string> text_;
@@ -63,6 +100,14 @@ class Dictionary {
     std::vector<TextLine> textLines_;
     std::vector<std::uint32_t> slots_;  // index + 1 into entries_, 0: free; size a power of two
     int slotShift_ = 0;                 // from a hash to its slot
+
+    static constexpr std::uint32_t kNone = ~0u;
+    struct Ends {
+        std::uint32_t first = 0, last = 0;
+    };
+    std::vector<Ends> groups_;
+    std::vector<std::uint32_t> groupSlots_;   // index + 1 into groups_, 0: free
+    std::vector<std::uint32_t> nextInGroup_;  // of every entry, kNone: the last
 };
 
 }  // namespace calyx

@@ -1,5 +1,7 @@
 #include "model/language/item.h"
 
+#include <bit>
+
 #include "model/language/error.h"
 
 namespace calyx {
@@ -33,6 +35,20 @@ std::string DisplayText(const Item& item, std::size_t row) {
     return shown == nullptr ? text : *shown;
 }
 
+StemIndex::StemIndex(std::size_t most)
+    : places_(std::bit_ceil(2 * most + 1)), shift_(64 - std::countr_zero(places_.size())) {}
+
+void StemIndex::Add(std::string_view stem, std::size_t row) {
+    Place& place = places_[At(stem)];
+    if (place.row == kNone) place = {stem, row};
+}
+
+std::size_t StemIndex::At(std::string_view stem) const {
+    std::size_t at = HashNoCase(stem) >> shift_;
+    while (places_[at].row != kNone && !EqualNoCase(places_[at].stem, stem)) at = (at + 1) % places_.size();
+    return at;
+}
+
 namespace detail {
 
 std::string Numbered(std::string_view pattern, int number) {
@@ -46,6 +62,11 @@ std::string InitialText(const RowInfo& info, int number, const CTextList* list) 
     if (info.more.initialOf != nullptr) return info.more.initialOf(number, list);
     if (info.initial.empty() && list != nullptr) return list->Default();
     return Numbered(info.initial, number);
+}
+
+bool IsNumbered(const RowInfo& info) {
+    return info.more.initialOf != nullptr || info.more.listOf != nullptr ||
+           info.initial.find("{n}") != std::string_view::npos;
 }
 
 const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context) {

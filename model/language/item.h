@@ -1,10 +1,12 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "model/language/context.h"
@@ -67,6 +69,8 @@ std::string Numbered(std::string_view pattern, int number);  // "{n}" becomes th
 std::string InitialText(const RowInfo& info, int number, const CTextList* list);
 // 20005 for a list that the catalogue does not have.
 const CTextList* NeedList(std::string_view name, const ModelContext& context);
+// Whether the initial value depends on the item's number.
+bool IsNumbered(const RowInfo& info);
 // Nothing for a row without a list.
 const CTextList* FindList(const RowInfo& info, int number, const ModelContext& context);
 // The text to take for a value read from a file: itself, or what a word outside its list becomes.
@@ -81,6 +85,35 @@ void Report(ReadReport& report, const Dictionary::Entry& entry, Taken taken, boo
 void ReportUnwritten(ReadReport& report, const Dictionary::Entry& entry);
 }  // namespace detail
 
+// Finds rows by their stems, without regard to case.
+class StemIndex {
+  public:
+    static constexpr std::size_t kNone = ~std::size_t{0};
+
+    explicit StemIndex(std::size_t most = 0);
+    void Add(std::string_view stem, std::size_t row);  // of rows with one stem the first counts
+    std::size_t Find(std::string_view stem) const { return places_[At(stem)].row; }
+
+  private:
+    struct Place {
+        std::string_view stem;
+        std::size_t row = kNone;
+    };
+    std::size_t At(std::string_view stem) const;
+
+    std::vector<Place> places_;  // size a power of two, never full
+    int shift_;                  // from a hash to its place
+};
+
+// What the items of one table and the same lists have in common; made once and shared.
+template <class F>
+struct RowPlan {
+    std::vector<const CTextList*> lists;  // one a row
+    StemIndex read;                       // the rows that are read from their own lines
+    F initial{};                          // the initial values, but for these rows:
+    std::vector<std::uint16_t> numbered;  // rows whose initial value depends on the item's number
+};
+
 // The item of a table of rows over one struct of fields. The struct is open to its section.
 template <class F>
 class RowItem final : public Item {
@@ -88,15 +121,16 @@ class RowItem final : public Item {
     // `suffix` stands behind every stem: "#3", or "" for a plain key.
     RowItem(const RowTable<F>& table, const ModelContext& context, int number = 0, std::string suffix = {})
         : table_(&table), context_(&context), number_(number), suffix_(std::move(suffix)) {
-        auto lists = std::make_shared<std::vector<const CTextList*>>();
-        lists->reserve(table.rows.size());
-        for (const Row<F>& r : table.rows) lists->push_back(detail::FindList(r, number, context));
-        lists_ = std::move(lists);
+        MakePlan();
     }
-    // One more of the same kind, whose lists do not depend on the number: found once for all.
-    RowItem(const RowItem& like, int number, std::string suffix) : RowItem(like) {
-        number_ = number;
-        suffix_ = std::move(suffix);
+    // One more of the same kind.
+    RowItem(const RowItem& like, int number, std::string suffix)
+        : table_(like.table_),
+          context_(like.context_),
+          number_(number),
+          suffix_(std::move(suffix)),
+          plan_(like.plan_) {
+        if (!HasListsOf(like)) MakePlan();
     }
 
     F fields{};
@@ -107,7 +141,7 @@ class RowItem final : public Item {
     const Row<F>& Info(std::size_t row) const override { return table_->rows[row]; }
     const CTextList* List(std::size_t row) const override {
         const Row<F>& r = Info(row);
-        return r.listBy == nullptr ? (*lists_)[row] : detail::NeedList(r.listBy(fields), *context_);
+        return r.listBy == nullptr ? plan_->lists[row] : detail::NeedList(r.listBy(fields), *context_);
     }
     std::string Key(std::size_t row) const override { return KeyOf(Info(row).stem); }
 
@@ -145,24 +179,23 @@ class RowItem final : public Item {
     }
     // The initial values; against what was saved that is a change.
     void ReloadDefaults() {
-        fields = F{};
+        fields = plan_->initial;
         if (table_->begin != nullptr) table_->begin(fields, number_);
-        for (std::size_t i = 0; i < RowCount(); ++i) {
+        for (const std::size_t i : plan_->numbered) {
             if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
         }
     }
 
     void Restore(Dictionary& lines, ReadReport& report) override {
         if (table_->startOver) ReloadDefaults();
-        std::vector<std::pair<std::size_t, const Dictionary::Entry*>> found;
-        found.reserve(RowCount());
+        std::vector<const Dictionary::Entry*> found = FindLines(lines);
         for (std::size_t i = 0; i < RowCount(); ++i) {
             if (!HasLine(Info(i))) continue;
-            if (const Dictionary::Entry* entry = RestoreRow(i, lines, report)) found.emplace_back(i, entry);
+            RestoreRow(i, found[i], report);
             if (!Info(i).more.readAs.empty()) ReportPassedOver(i, lines, report);
         }
         Settle();
-        ReportUnwritten(found, report);
+        ReportUnwritten(std::move(found), report);
         MarkSaved();
     }
     void Settle() override {
@@ -186,6 +219,26 @@ class RowItem final : public Item {
     std::unique_ptr<Item> Clone() const override { return std::make_unique<RowItem>(*this); }
 
   private:
+    void MakePlan() {
+        auto plan = std::make_shared<RowPlan<F>>();
+        plan->lists.reserve(RowCount());
+        plan->read = StemIndex(RowCount());
+        for (const Row<F>& r : table_->rows) plan->lists.push_back(detail::FindList(r, number_, *context_));
+        plan_ = plan;
+        for (std::size_t i = 0; i < RowCount(); ++i) {
+            if (HasLine(Info(i)) && Info(i).more.readAs.empty()) plan->read.Add(Info(i).stem, i);
+            if (detail::IsNumbered(Info(i))) plan->numbered.push_back(static_cast<std::uint16_t>(i));
+            if (Info(i).more.use != Use::Page) Take(i, InitialText(i));
+        }
+        plan->initial = std::exchange(fields, F{});
+    }
+    bool HasListsOf(const RowItem& other) const {
+        return std::all_of(table_->rows.begin(), table_->rows.end(), [&](const RowInfo& info) {
+            const auto listOf = info.more.listOf;
+            return listOf == nullptr || listOf(number_) == listOf(other.number_);
+        });
+    }
+
     static bool HasLine(const RowInfo& info) {
         return info.more.use == Use::Line || info.more.use == Use::ReadOnly;
     }
@@ -196,12 +249,44 @@ class RowItem final : public Item {
         return key.append(table_->prefix).append(stem).append(suffix_);
     }
 
+    // The entries that the rows are read from, one a row; nothing where there is none.
+    std::vector<const Dictionary::Entry*> FindLines(Dictionary& lines) const {
+        std::vector<const Dictionary::Entry*> found(RowCount());
+        const bool grouped = Dictionary::IsGrouped(table_->prefix, suffix_);
+        if (grouped) FindGroup(lines, found);
+        for (std::size_t i = 0; i < found.size(); ++i) {
+            const RowInfo& info = Info(i);
+            if (!HasLine(info) || (grouped && info.more.readAs.empty())) continue;
+            found[i] =
+                lines.Find(info.more.readAs.empty() ? Key(i) : detail::Numbered(info.more.readAs, number_));
+        }
+        return found;
+    }
+    static bool IsReadFrom(const RowInfo& info, std::string_view stem) {
+        return info.stem == stem && HasLine(info) && info.more.readAs.empty();
+    }
+    void FindGroup(Dictionary& lines, std::vector<const Dictionary::Entry*>& found) const {
+        std::size_t next = 0;  // lines mostly follow one another as the rows do
+        for (const Dictionary::Entry& entry : lines.GroupOf(table_->prefix, suffix_)) {
+            std::string_view stem = entry.key.substr(table_->prefix.size());
+            stem.remove_suffix(suffix_.size());
+            const std::size_t row =
+                next < found.size() && IsReadFrom(Info(next), stem) ? next : plan_->read.Find(stem);
+            if (row == StemIndex::kNone) continue;
+            next = row + 1;
+            found[row] = &entry;
+            lines.MarkAsked(entry);
+        }
+    }
+
     // Lines that were read and that saving will not write again.
-    void ReportUnwritten(const std::vector<std::pair<std::size_t, const Dictionary::Entry*>>& found,
-                         ReadReport& report) const {
-        const std::vector<bool> written = WrittenRows();
-        for (const auto& [row, entry] : found) {
-            if (!written[row]) detail::ReportUnwritten(report, *entry);
+    void ReportUnwritten(std::vector<const Dictionary::Entry*> found, ReadReport& report) const {
+        for (const Line<F>& line : table_->layout(fields)) {
+            if (found[line.row] != nullptr && (line.when == nullptr || line.when(fields)))
+                found[line.row] = nullptr;
+        }
+        for (const Dictionary::Entry* entry : found) {
+            if (entry != nullptr) detail::ReportUnwritten(report, *entry);
         }
     }
 
@@ -210,30 +295,29 @@ class RowItem final : public Item {
         const Dictionary::Entry* own = lines.Find(Key(i));
         if (own != nullptr && own->value != Text(i)) detail::Report(report, *own, Taken::Not, false, Text(i));
     }
-    const Dictionary::Entry* RestoreRow(std::size_t i, Dictionary& lines, ReadReport& report) {
+    void RestoreRow(std::size_t i, const Dictionary::Entry* entry, ReadReport& report) {
         const Row<F>& r = Info(i);
-        const Dictionary::Entry* entry =
-            lines.Find(r.more.readAs.empty() ? KeyOf(r.stem) : detail::Numbered(r.more.readAs, number_));
         if (entry == nullptr) {
             if (r.more.absent == Absent::Initial) Take(i, InitialText(i));
             if (r.more.absent == Absent::Value) Take(i, detail::Numbered(r.more.absentValue, number_));
-            return nullptr;
+            return;
         }
         const CTextList* list = List(i);
-        const std::string initial = list == nullptr ? std::string() : InitialText(i);
-        const detail::Checked checked = detail::CheckList(r, list, entry->value, initial);
+        detail::Checked checked = detail::CheckList(r, list, entry->value, {});
+        const bool becomesInitial = checked.replaced && r.more.unknown == Unknown::Initial;
+        const std::string initial = becomesInitial ? InitialText(i) : std::string();
+        if (becomesInitial) checked.text = initial;
         const Taken taken = Take(i, checked.text);
         if (taken != Taken::Whole || checked.replaced) {
             detail::Report(report, *entry, taken, checked.replaced, Text(i));
         }
-        return entry;
     }
 
     const RowTable<F>* table_;
     const ModelContext* context_;
     int number_;
     std::string suffix_;
-    std::shared_ptr<const std::vector<const CTextList*>> lists_;  // one a row
+    std::shared_ptr<const RowPlan<F>> plan_;
     F saved_{};
 };
 

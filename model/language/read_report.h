@@ -11,7 +11,7 @@ namespace calyx {
 struct ReadNote {
     enum class Kind {
         TextLine,       // a line without "=": a comment; not kept
-        UnknownKey,     // no section owns the key; not kept
+        UnknownKey,     // nobody asked for the key; not kept. `section`: whose keys begin so, if any
         DuplicateKey,   // a later occurrence; the first one counts
         ListValue,      // not one of the allowed words; `became` says what it reads as
         NotUnderstood,  // no number, date or switch; the default stays

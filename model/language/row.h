@@ -321,7 +321,8 @@ struct RowTable {
     std::string_view prefix = {};          // of every key: "SC."
     void (*settle)(F& fields) = nullptr;   // after reading: what the values decide together
     int title = 0;                         // resource text of an item's name, {1} its number: "Scale {1}"
-    void (*begin)(F& fields, int number) = nullptr;  // what the item's number decides from the start
+    void (*begin)(F& fields,
+                  int number) = nullptr;  // over the initial values: what the item's number decides
     bool startOver = false;  // reading begins with the initial values: an absent line is never "as it was"
 };
 

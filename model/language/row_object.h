@@ -4,9 +4,12 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/language/error.h"
 #include "model/language/item.h"
+#include "model/language/text.h"
+#include "model/language/text_list.h"
 
 namespace calyx {
 
@@ -27,6 +30,22 @@ class RowObject {
     const RowItem<F>& Parameters() const { return Need(*this); }
 
     bool IsDirty() const { return Parameters().IsDirty(); }
+    // Whether the lines that it writes keep their lists, ranges and rules; what concerns other objects is for
+    // the section to check.
+    bool IsValid() const {
+        const RowItem<F>& item = Parameters();
+        const std::vector<bool> written = item.WrittenRows();
+        for (std::size_t row = 0; row < item.RowCount(); ++row) {
+            if (!written[row]) continue;
+            const RowInfo& info = item.Info(row);
+            const std::string text = item.Text(row);
+            if (info.IsHeldToList() && !item.List(row)->ValidateItem(Trim(text))) return false;
+            if (info.more.rule != nullptr && info.more.rule(text) != 0) return false;
+            const auto number = info.more.HasRange() ? ReadDecimal(text) : std::nullopt;
+            if (number && (number->value < info.more.min || number->value > info.more.max)) return false;
+        }
+        return true;
+    }
     // With `allParameters` every line, otherwise gated by the application's target version.
     std::string GetTextOutput(bool allParameters) const {
         return Lines(allParameters ? Target::Everything() : context_->target.Gated());

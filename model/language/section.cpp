@@ -72,6 +72,20 @@ bool FitsInALine(const Change& change) {
     return !change.after || change.after->find_first_of(kLineEnds) == std::string::npos;
 }
 
+// Rows that are read under another key than they are written: as in a file, only that one counts.
+bool IsPassedOver(const Item& item, std::string_view key) {
+    const auto row = item.Find(key);
+    return row && !item.Info(*row).more.readAs.empty();
+}
+
+std::optional<std::size_t> RowFor(const Item& item, std::string_view key, Section::Check check) {
+    for (std::size_t row = 0; check == Section::Check::Lenient && row < item.RowCount(); ++row) {
+        const std::string_view readAs = item.Info(row).more.readAs;
+        if (!readAs.empty() && EqualNoCase(key, detail::Numbered(readAs, item.Number()))) return row;
+    }
+    return item.Find(key);
+}
+
 // The changes of one item, merged into its own: rows that share a field with a changed one are read
 // again in table order, so that the item ends as if a file had these lines.
 class Merge {
@@ -290,10 +304,12 @@ std::vector<Refusal> Section::Take(std::vector<Change> changes, Check check, con
                 found[i] = true;
                 continue;
             }
-            if (item->Adopts(change.key)) {
+            if (check == Check::Lenient && IsPassedOver(*item, change.key)) {
+                found[i] = true;
+            } else if (item->Adopts(change.key)) {
                 change.after ? item->Adopt(change.key, *change.after) : item->Drop(change.key);
                 found[i] = true;
-            } else if (const auto row = item->Find(change.key)) {
+            } else if (const auto row = RowFor(*item, change.key, check)) {
                 if (!merge) merge.emplace(*context_, *item);
                 merge->Add(*row, change, check, refused);
                 found[i] = true;

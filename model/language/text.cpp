@@ -18,10 +18,26 @@ std::string_view SkipPlus(std::string_view text) {
     return plus ? text.substr(1) : text;
 }
 
+// A number of a few digits and nothing else, as most are: without the cost of reading any number.
+std::optional<int> FewDigits(std::string_view text) {
+    if (text.empty() || text.size() > 6) return std::nullopt;
+    int value = 0;
+    for (const char c : text) {
+        if (c < '0' || c > '9') return std::nullopt;
+        value = value * 10 + (c - '0');
+    }
+    return value;
+}
+
 template <class Read>
 std::optional<Read> ReadFloating(std::string_view text) {
     const std::string_view number = SkipPlus(SkipBlanks(text));
     Read read;
+    if (const auto digits = FewDigits(number)) {
+        read.value = static_cast<decltype(read.value)>(*digits);
+        read.whole = true;
+        return read;
+    }
     const auto [end, failure] =
         std::from_chars(number.data(), number.data() + number.size(), read.value, std::chars_format::fixed);
     if (failure != std::errc{} || !std::isfinite(read.value)) return std::nullopt;
@@ -56,6 +72,7 @@ std::string Upper(std::string_view text) {
 
 std::vector<std::string_view> Split(std::string_view text, char delimiter) {
     std::vector<std::string_view> pieces;
+    pieces.reserve(static_cast<std::size_t>(std::count(text.begin(), text.end(), delimiter)) + 1);
     while (true) {
         const std::size_t end = text.find(delimiter);
         pieces.push_back(text.substr(0, end));
@@ -67,6 +84,7 @@ std::vector<std::string_view> Split(std::string_view text, char delimiter) {
 std::optional<LeadingInteger> ReadInteger(std::string_view text) {
     const std::string_view number = SkipPlus(SkipBlanks(text));
     LeadingInteger read;
+    if (const auto digits = FewDigits(number)) return LeadingInteger{*digits, true};
     const auto [end, failure] = std::from_chars(number.data(), number.data() + number.size(), read.value);
     if (failure != std::errc{}) return std::nullopt;
     read.whole = Trim(number.substr(static_cast<std::size_t>(end - number.data()))).empty();

@@ -1,5 +1,7 @@
 #include "model/language/text_list.h"
 
+#include <algorithm>
+
 #include "model/language/text.h"
 
 namespace calyx {
@@ -33,8 +35,8 @@ void CTextList::Add(std::string text, std::string_view key) {
 }
 
 const std::string* CTextList::Item(std::string_view key) const {
-    const auto found = byKey_.find(key);
-    return found == byKey_.end() ? nullptr : &entries_[found->second].text;
+    const std::size_t place = Place(key);
+    return place == Count() ? nullptr : &entries_[place].text;
 }
 
 const std::string* CTextList::Key(std::string_view text) const {
@@ -43,6 +45,11 @@ const std::string* CTextList::Key(std::string_view text) const {
 }
 
 std::size_t CTextList::Place(std::string_view key) const {
+    constexpr std::size_t kFew = 8;
+    if (Count() <= kFew) {  // the quicker way
+        const auto found = std::find_if(begin(), end(), [&](const Entry& entry) { return entry.key == key; });
+        return static_cast<std::size_t>(found - begin());
+    }
     const auto found = byKey_.find(key);
     return found == byKey_.end() ? Count() : found->second;
 }

@@ -39,7 +39,7 @@ class CTextList {
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
 
-    const std::string& First() const;    // key of the first entry; empty for an empty list
+    const std::string& First() const;  // key of the first entry; empty for an empty list
     const std::string& Last() const;
     const std::string& Default() const;  // key of the designated default item, else the first
     void SetDefault(std::string_view key) { default_ = key; }

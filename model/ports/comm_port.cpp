@@ -11,18 +11,31 @@ constexpr const char* kByteRange = "0 to 255";
 
 }  // namespace
 
+void CCommPort::CheckNumber(int portNumber) const {
+    if (portNumber >= 1 && portNumber <= kLastPort) return;
+    Fail(code::kOutOfRange, "Initialize", {std::to_string(portNumber), "1 to 32"});
+}
+
 void CCommPort::Initialize(int portNumber) {
-    if (portNumber < 1 || portNumber > kLastPort) {
-        Fail(code::kOutOfRange, "Initialize", {std::to_string(portNumber), "1 to 32"});
-    }
+    CheckNumber(portNumber);
     Begin(portNumber, "#" + std::to_string(portNumber));
     stream_.Initialize(portNumber);
+}
+
+void CCommPort::InitializeLike(const CCommPort& other, int portNumber) {
+    CheckNumber(portNumber);
+    BeginLike(other, portNumber, "#" + std::to_string(portNumber));
+    stream_.InitializeLike(other.stream_, portNumber);
 }
 
 void CCommPort::ReloadDefaults() {
     Parameters().ReloadDefaults();
     Fields().baudRate.Assign("9600");
     stream_.Parameters().ReloadDefaults();
+}
+
+std::string CCommPort::KeyOf(std::string_view stem) const {
+    return std::string(kPortTable.prefix) + std::string(stem) + "#" + std::to_string(PortNumber());
 }
 
 void CCommPort::SetAddress(int address) {
@@ -51,9 +64,7 @@ void CCommPort::RestoreState(Dictionary& lines, ReadReport& report) {
 }
 
 bool CCommPort::SendToIndicator(ILineSender& sender, IDownload& download, bool inputFirst) const {
-    const auto& rows = Parameters();
-    const std::string key = "EDP.INPUT#" + std::to_string(PortNumber());
-    if (inputFirst && !SendLines(key + "=" + rows.Text(*rows.Find(key)), sender, download)) return false;
+    if (inputFirst && !SendLines(InputTypeCommand() + "=" + InputType(), sender, download)) return false;
     if (!SendLines(GetTextOutput(false), sender, download)) return false;
     return !Values().UsesStreamDefinition() || SendLines(stream_.GetTextOutput(false), sender, download);
 }

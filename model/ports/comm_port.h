@@ -15,15 +15,42 @@ namespace calyx {
 class CCommPort : public RowObject<PortFields> {
   public:
     explicit CCommPort(const ModelContext& context)
-        : RowObject(context, kPortTable, "CCommPort"), stream_(context) {}
+        : RowObject(context, kPortTable, "CCommPort"), lists_(context), stream_(context) {}
 
-    void Initialize(int portNumber);  // 10002 outside 1 to 32
+    void Initialize(int portNumber);                              // 10002 outside 1 to 32
+    void InitializeLike(const CCommPort& other, int portNumber);  // the same, quicker
     int PortNumber() const { return Number(); }
     // As Initialize, but the baud rate becomes 9600 on every port, port 2 included: on purpose.
     void ReloadDefaults();
 
     CStream& Stream() { return stream_; }
     const CStream& Stream() const { return stream_; }
+
+    std::string Alias() const { return std::string(Values().alias.Trimmed()); }
+    std::string InputType() const { return std::string(Values().inputType.Trimmed()); }
+    std::string StreamType() const { return std::string(Values().streamType.Trimmed()); }
+    std::string StreamFormat() const { return std::string(Values().streamFormat.Trimmed()); }
+    int Address() const { return Values().address; }
+    int EOL() const { return Values().endOfLineDelay; }
+    int Source() const { return Values().source; }
+
+    // The lists of this port's number.
+    const CTextList& BaudRates() const { return lists_.BaudRates(PortNumber()); }
+    const CTextList& HandshakingTypes() const { return lists_.Handshakes(PortNumber()); }
+    const CTextList& InputTypes() const { return lists_.InputTypes(PortNumber()); }
+    const CTextList& BitsTypes() const { return lists_.BitsTypes(); }
+    const CTextList& StopBitsTypes() const { return lists_.StopBitsTypes(); }
+    const CTextList& TerminatorTypes() const { return lists_.TerminatorTypes(); }
+    const CTextList& StreamTypes() const { return lists_.StreamTypes(); }
+    const CTextList& StreamFormats() const { return lists_.StreamFormats(); }
+    const CTextList& PortTypes() const { return lists_.PortTypes(); }
+    const CTextList& DuplexTypes() const { return lists_.DuplexTypes(); }
+
+    // The keys of these parameters for this port: "EDP.BITS#3".
+    std::string BitsCommand() const { return KeyOf("BITS"); }
+    std::string InputTypeCommand() const { return KeyOf("INPUT"); }
+    std::string StreamTypeCommand() const { return KeyOf("STREAM"); }
+    std::string StreamFormatCommand() const { return KeyOf("FORMAT"); }
 
     void SetAddress(int address);  // 0 to 255, else 10002
     void SetEOL(int delay);        // 0 to 255, else 10002
@@ -41,6 +68,10 @@ class CCommPort : public RowObject<PortFields> {
     std::string GetIWriteImportDef() const;
 
   private:
+    void CheckNumber(int portNumber) const;
+    std::string KeyOf(std::string_view stem) const;
+
+    CCommPortLists lists_;
     CStream stream_;
 };
 

@@ -48,7 +48,8 @@ std::optional<std::string_view> Heading(std::string_view line) {
     return line.substr(1, line.size() - 2);
 }
 
-// The text with the section's lines replaced; at its end when there was no such section.
+// The text with the section's lines replaced; at its end when there was no such section. What people wrote
+// between the lines of a section that is replaced stays behind the new ones.
 std::string WithSection(std::string_view text, std::string_view name, std::string_view replacement) {
     std::string result;
     bool inside = false, placed = false;
@@ -58,7 +59,9 @@ std::string WithSection(std::string_view text, std::string_view name, std::strin
             if (inside && !placed) result += replacement;
             placed = placed || inside;
         }
-        if (!inside) result.append(line).append("\r\n");
+        const std::string_view trimmed = Trim(line);
+        const bool remark = trimmed.empty() || trimmed.front() == ';' || trimmed.front() == '#';
+        if (!inside || (remark && !replacement.empty())) result.append(line).append("\r\n");
     });
     if (!placed) result += replacement;
     return result;

@@ -13,6 +13,9 @@ class CStream : public RowObject<StreamFields> {
     explicit CStream(const ModelContext& context) : RowObject(context, kStreamTable, "CStream") {}
 
     void Initialize(int portNumber) { Begin(portNumber, "#" + std::to_string(portNumber)); }
+    void InitializeLike(const CStream& other, int portNumber) {
+        BeginLike(other, portNumber, "#" + std::to_string(portNumber));
+    }
     int PortNumber() const { return Number(); }
 
     void SetToken(std::string StreamFields::*token, std::string_view text);

@@ -105,9 +105,9 @@ std::optional<std::size_t> CustomPairs::Find(std::string_view key) const {
 }
 
 void CustomPairs::EachLine(const std::function<void(std::size_t, Gate, bool)>& visit) const {
-    // No version is sent the places.
+    // No version is sent the places. A free one is open to be named, though it writes nothing until then.
     for (std::size_t row = 0; row < RowCount(); ++row)
-        visit(row, IsPlace(row) ? Gate{0} : Gate{}, !pairs_[row / 2].name.empty());
+        visit(row, IsPlace(row) ? Gate{0} : Gate{}, IsPlace(row) || !pairs_[row / 2].name.empty());
 }
 
 void CustomPairs::Initialize() {

@@ -50,7 +50,17 @@ void CScale::InitializeLike(const CScale& other, int scaleNumber) {
     BeginLike(other, scaleNumber, Suffix(scaleNumber));
 }
 
+void CScale::Need(std::string_view operation) const {
+    if (!IsInitialised()) Fail(code::kNotInitialised, operation);
+}
+
+std::int32_t CScale::ScaleType() const {
+    Need("ScaleType");
+    return Values().kind;
+}
+
 void CScale::SetScaleType(std::int32_t kind) {
+    Need("ScaleType");
     ScaleFields& fields = Fields();
     if (!IsKind(kind)) Fail(code::kOutOfRange, "ScaleType", {std::to_string(kind), kKindRange});
     const bool assigned = std::any_of(fields.sources.begin(), fields.sources.end(),
@@ -64,6 +74,7 @@ std::string CScale::KindName() const {
 }
 
 std::int32_t CScale::Components(int place) const {
+    Need("Components");
     const ScaleFields& fields = Values();
     if (place < 1 || place > fields.sourceCount) {
         Fail(code::kOutOfRange, "Components",
@@ -73,9 +84,9 @@ std::int32_t CScale::Components(int place) const {
 }
 
 void CScale::AddComponent(std::int32_t source) {
+    Need("AddComponent");
     ScaleFields& fields = Fields();
-    // A scale that is not configured writes no sources, and a programmable one has itself.
-    const std::int32_t most = fields.kind == kNone ? 0 : MaxSources(fields.kind);
+    const std::int32_t most = MaxSources(fields.kind);
     if (fields.sourceCount >= most) {
         Fail(code::kOutOfRange, "AddComponent",
              {std::to_string(fields.sourceCount + 1), "0 to " + std::to_string(most)});
@@ -84,6 +95,7 @@ void CScale::AddComponent(std::int32_t source) {
 }
 
 void CScale::RemoveComponent(std::int32_t source) {
+    Need("RemoveComponent");
     ScaleFields& fields = Fields();
     const auto end = fields.sources.begin() + fields.sourceCount;
     const auto found = std::find(fields.sources.begin(), end, source);
@@ -95,6 +107,7 @@ void CScale::RemoveComponent(std::int32_t source) {
 }
 
 std::size_t CScale::RowOf(std::string_view stem, std::string_view operation) const {
+    Need(operation);
     const RowItem<ScaleFields>& item = Parameters();
     for (std::size_t row = 0; row < item.RowCount(); ++row) {
         if (item.Info(row).stem == stem) return row;
@@ -103,22 +116,34 @@ std::size_t CScale::RowOf(std::string_view stem, std::string_view operation) con
 }
 
 std::string CScale::Command(std::string_view stem) const {
-    return Parameters().Text(RowOf(stem, "Command"));
+    const std::size_t row = RowOf(stem, "Command");
+    return Parameters().Text(row);
 }
 
 void CScale::SetCommand(std::string_view stem, std::string_view text) {
-    RowItem<ScaleFields>& item = Parameters();
     const std::size_t row = RowOf(stem, "SetCommand");
+    RowItem<ScaleFields>& item = Parameters();
     const RowInfo& info = item.Info(row);
     const CTextList* list = info.IsHeldToList() ? item.List(row) : nullptr;
     RowItem<ScaleFields> changed = item;
     const bool taken = (list == nullptr || list->ValidateItem(Trim(text))) && info.more.use == Use::Line &&
                        changed.Take(row, text) == Taken::Whole;
     if (!taken) Fail(code::kOutOfRange, "SetCommand", {text, info.stem});
+    const std::int32_t kind = changed.fields.kind;
+    if (kind != item.fields.kind) {
+        ChangeKind(changed.fields, kind);
+        changed.Take(row, text);
+    }
     item.fields = changed.fields;
 }
 
+std::string CScale::GetTextOutput(bool allParameters) const {
+    Need("GetTextOutput");
+    return RowObject::GetTextOutput(allParameters);
+}
+
 std::string CScale::GetCalibrationValues(bool allParameters) const {
+    Need("GetCalibrationValues");
     return Lines(allParameters ? Target::Everything() : Context().target.Gated(), LinePart::Calibration);
 }
 
@@ -126,12 +151,13 @@ void CScale::AppendPrinted(std::string& out, std::size_t row) const {
     const RowItem<ScaleFields>& item = Parameters();
     const bool date = item.Info(row).kind == ValueKind::Date;
     const std::string value = date ? ShortDate(Values().maxWeightDate) : DisplayText(item, row);
-    if (value.empty()) return;
-    out.append("  ").append(Context().texts.Text(item.Info(row).more.label)).append(": ").append(value);
+    out.append("  ").append(Context().texts.Text(item.Info(row).more.label)).append(":");
+    if (!value.empty()) out.append(" ").append(value);
     out.append("\r\n");
 }
 
 std::string CScale::GetPrintOutput() const {
+    Need("GetPrintOutput");
     const RowItem<ScaleFields>& item = Parameters();
     if (Values().kind == kNone) return {};
     const ResourceTexts& texts = Context().texts;
@@ -151,26 +177,31 @@ std::string CScale::GetPrintOutput() const {
 }
 
 std::string CScale::GetIWriteImportDef() const {
+    Need("GetIWriteImportDef");
     const std::string_view alias = Values().alias.Trimmed();
     if (alias.empty()) return {};
     return std::string(alias) + " : constant integer := " + std::to_string(Number()) + ";\r\n";
 }
 
 bool CScale::SendToIndicator(ILineSender& sender, IDownload& download) const {
+    Need("SendToIndicator");
     return SendLines(GetTextOutput(false), sender, download);
 }
 
 bool CScale::SendCalibrationToIndicator(ILineSender& sender, IDownload& download) const {
+    Need("SendCalibrationToIndicator");
     return SendLines(GetCalibrationValues(false), sender, download);
 }
 
 void CScale::RestoreState(const ScaleFields& stored) {
+    Need("RestoreState");
     const int number = Number();
     Fields() = stored;
     Fields().number = number;
 }
 
 void CScale::RestoreState(Dictionary& lines, ReadReport& report) {
+    Need("RestoreState");
     RowItem<ScaleFields>& item = Parameters();
     const Dictionary::Entry* source = lines.Peek(item.Key(kSourceRow));
     const std::int32_t kind = source == nullptr ? kNone : KindOfSource(source->value, InputsIn(lines));

@@ -23,20 +23,23 @@ class CScale : public RowObject<ScaleFields> {
     int ScaleNumber() const { return Number(); }
     void ReloadDefaults() { Parameters().ReloadDefaults(); }
 
-    std::int32_t ScaleType() const { return Values().kind; }
+    std::int32_t ScaleType() const;
     // 10002 outside 1 to 8; 10008 while sources are assigned, a programmable scale excepted. Sources,
-    // graduations and calibration values become those that the kind starts with.
+    // graduations and calibration values become those that the kind starts with; the alias, which has no
+    // line then, goes with kind 1.
     void SetScaleType(std::int32_t kind);
     std::string KindName() const;
 
-    // The sources: channels, scales or a port, as the kind says; for a Vexal scale VexalSource.
+    // The sources: channels, scales or a port, as the kind says; for a Vexal scale VexalSource. A scale that
+    // is not configured takes some as well, but has no line for them.
     std::int32_t ComponentCount() const { return Values().sourceCount; }
     std::int32_t Components(int place) const;   // 1 to ComponentCount, else 10002
     void AddComponent(std::int32_t source);     // 10002 when the kind takes no more
     void RemoveComponent(std::int32_t source);  // 10002 for one that is not there
 
     // A parameter by the stem of its key ("PRI.UNITS"), as it stands in the line; 10002 for a stem that
-    // scales do not have and for a value that the parameter does not take.
+    // scales do not have and for a value that the parameter does not take. A source of another kind brings
+    // what SetScaleType brings.
     std::string Command(std::string_view stem) const;
     void SetCommand(std::string_view stem, std::string_view text);
     std::string Pri_UnitsCommand() const { return Command("PRI.UNITS"); }
@@ -44,7 +47,13 @@ class CScale : public RowObject<ScaleFields> {
     std::string AnalogInputRangeCommand() const { return Command("INPRNG"); }
     std::string SplitValueCommand() const { return Command("SPLIT"); }
 
-    // GetTextOutput: the parameter lines. With `allParameters` every line, otherwise gated.
+    // The value of a line by its full name, "SC.GRADS#3"; `absent` where there is none.
+    static std::string FindParameter(Dictionary& lines, std::string_view name, std::string_view absent) {
+        return lines.FindParameter(name, absent);
+    }
+
+    // With `allParameters` every line, otherwise gated.
+    std::string GetTextOutput(bool allParameters) const;  // the parameter lines
     std::string GetCalibrationValues(bool allParameters) const;
     std::string GetPrintOutput() const;      // empty for a scale that is not configured
     std::string GetIWriteImportDef() const;  // empty without an alias
@@ -62,6 +71,7 @@ class CScale : public RowObject<ScaleFields> {
 
   private:
     void CheckNumber(int scaleNumber) const;
+    void Need(std::string_view operation) const;  // 10006 in the operation's name
     std::size_t RowOf(std::string_view stem, std::string_view operation) const;
     void PassOver(Dictionary& lines, ReadReport& report);
     void AppendPrinted(std::string& out, std::size_t row) const;

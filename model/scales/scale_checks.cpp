@@ -18,9 +18,12 @@ constexpr int kNoSource = 3405;
 constexpr int kNoPort = 3406;      // {1} port
 constexpr int kWrongInput = 3407;  // {1} port, {2} its input type, {3} the one needed
 constexpr int kOtherKind = 3411;   // as above, {4} what the scale would come back as
+constexpr int kAliasLabel = 3021;
+constexpr int kAliasUnsaved = 40104;  // {1} label, {2} alias
 
-BrokenRule RuleOf(const CScale& scale, std::string text) {
-    return {"scales", scale.Number(), "SC.SRC#" + std::to_string(scale.Number()), std::move(text)};
+BrokenRule RuleOf(const CScale& scale, std::string text, const char* stem = "SRC") {
+    return {"scales", scale.Number(), "SC." + std::string(stem) + "#" + std::to_string(scale.Number()),
+            std::move(text)};
 }
 
 bool IsScale(std::int32_t number) {
@@ -58,9 +61,8 @@ void CheckTotal(const CScales& scales, const CScale& total, const ResourceTexts&
         if (kind == kNone) {
             rules.Add(RuleOf(total, texts.Format(IsScale(source) ? kNotConfigured : kNoSuchScale,
                                                  {std::to_string(source)})));
-        } else if (!CanBeAdded(kind)) {
-            others = true;
         }
+        others = others || (IsScale(source) && !CanBeAdded(kind));
     }
     if (others) rules.Add(RuleOf(total, texts.Text(kTotalOfOthers)));
     if (Circle(scales).Leads(total.Number(), total.Number())) rules.Add(RuleOf(total, texts.Text(kCircle)));
@@ -75,7 +77,14 @@ bool CanBeAdded(std::int32_t kind) {
 void CheckScaleSources(const CScales& scales, const ResourceTexts& texts, CBrokenRules& rules) {
     for (int number = 1; number <= kScaleCount; ++number) {
         const CScale& scale = scales.Scale(number);
-        if (scale.ScaleType() == kNone) continue;
+        if (scale.ScaleType() == kNone) {
+            const std::string_view alias = scale.Values().alias.Trimmed();
+            if (!alias.empty()) {
+                rules.Add(
+                    RuleOf(scale, texts.Format(kAliasUnsaved, {texts.Text(kAliasLabel), alias}), "ALIAS"));
+            }
+            continue;
+        }
         if (scale.ComponentCount() == 0) rules.Add(RuleOf(scale, texts.Text(kNoSource)));
         if (scale.ScaleType() == kTotal) CheckTotal(scales, scale, texts, rules);
     }

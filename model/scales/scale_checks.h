@@ -14,7 +14,8 @@ class CScales;
 bool CanBeAdded(std::int32_t kind);
 
 // What is wrong with the sources of scales among themselves: none at all, scales that are not there or
-// that a total cannot add, totals in a circle.
+// that a total cannot add, totals in a circle. And an alias that has no line, since its scale is not
+// configured.
 void CheckScaleSources(const CScales& scales, const ResourceTexts& texts, CBrokenRules& rules);
 
 // Serial scales on ports that do not exist or have another input type than the kind needs: read from

@@ -15,6 +15,7 @@ void ChangeKind(ScaleFields& fields, std::int32_t kind) {
     fields.spanCount.Assign(analogInput ? "63840" : "0");
     fields.zeroCount.Assign(analogInput ? "33229" : "0");
     fields.testWeight.Assign(analogInput ? "5.0" : "0");
+    if (kind == scale_kind::kNone) fields.alias = {};
 }
 
 }  // namespace calyx

@@ -89,7 +89,8 @@ struct ScaleFields {
 };
 
 // What follows from another kind: no sources (a programmable scale has itself), and the graduations and
-// calibration values that the kind starts with.
+// calibration values that the kind starts with. A scale that is not configured has no line for its alias,
+// and one that nobody sees could stand in another's way: it goes.
 void ChangeKind(ScaleFields& fields, std::int32_t kind);
 
 extern const RowTable<ScaleFields> kScaleTable;

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "model/scales/scale_checks.h"
@@ -25,6 +26,12 @@ int NumberBehind(std::string_view start, std::string_view key) {
     if (!StartsNoCase(key, start)) return 0;
     const auto number = ReadInteger(key.substr(start.size()));
     return number && number->value >= 1 && number->value <= kScaleCount ? number->value : 0;
+}
+
+// An indicator tells some lines of a scale twice, as a file has them; as in a file, the first one counts.
+void DropRepeated(std::vector<Change>& changes) {
+    std::set<std::string> seen;
+    std::erase_if(changes, [&](const Change& change) { return !seen.insert(Upper(change.key)).second; });
 }
 
 std::array<Wish, kScaleCount> WishesIn(const std::vector<Change>& changes) {
@@ -135,6 +142,7 @@ const CScale& CScales::Scale(int number) const {
 
 void CScales::Prepare(std::vector<Change>& changes, Check check, const ValueOf& valueOf) {
     if (check == Check::None) return;
+    if (check == Check::Lenient) DropRepeated(changes);
     const PortInput inputOf = [&](int port) {
         return valueOf ? valueOf("EDP.INPUT#" + std::to_string(port)).value_or("") : std::string();
     };
@@ -149,8 +157,6 @@ void CScales::Prepare(std::vector<Change>& changes, Check check, const ValueOf& 
         if (kind == scale.ScaleType()) continue;
         RowItem<ScaleFields> changed = scale.Parameters();
         ChangeKind(changed.fields, kind);
-        // Its line would not be written, and an alias nobody sees could stand in another's way.
-        if (kind == kNone) changed.fields.alias = {};
         for (std::size_t row = 0; row < changed.RowCount(); ++row) {
             const std::string before = scale.Parameters().Text(row), after = changed.Text(row);
             if (before != after && !named(changed.Key(row)))

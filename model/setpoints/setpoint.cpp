@@ -9,6 +9,16 @@ namespace {
 constexpr int kHeading = 3920;           // {1} title, {2} kind
 constexpr int kHeadingWithAlias = 3921;  // {3} alias
 
+// A time of day in the long form of the listing: "6:30:00 PM".
+std::string LongTime(DayTime time) {
+    constexpr std::int32_t kHour = 3600, kHalfDay = 12 * kHour;
+    const bool afternoon = time.seconds >= kHalfDay;
+    const std::int32_t hour = time.seconds % kHalfDay / kHour;
+    std::string clock;
+    AppendDayTime(clock, time, DayTimeForm::HourMinuteSecond, ":");
+    return std::to_string(hour == 0 ? 12 : hour) + clock.substr(2) + (afternoon ? " PM" : " AM");
+}
+
 // As the listing shows it: trips by their words, times with their parts apart.
 std::string PrintedText(const CSetpoint& setpoint, std::size_t row) {
     const auto& item = setpoint.Parameters();
@@ -17,7 +27,7 @@ std::string PrintedText(const CSetpoint& setpoint, std::size_t row) {
     if (stem == "TRIP") {
         text = item.Text(row);
     } else if (stem == "TIME") {
-        AppendDayTime(text, setpoint.Values().time, DayTimeForm::HourMinuteSecond, ":");
+        text = LongTime(setpoint.Values().time);
     } else if (stem == "DURATION") {
         AppendDayTime(text, setpoint.Values().duration, DayTimeForm::HourMinuteSecond, ":");
     } else {
@@ -39,7 +49,17 @@ void CSetpoint::InitializeLike(const CSetpoint& other, int setpointNumber) {
     BeginLike(other, setpointNumber, "#" + std::to_string(setpointNumber));
 }
 
+void CSetpoint::Need(std::string_view operation) const {
+    if (!IsInitialised()) Fail(code::kNotInitialised, operation);
+}
+
+int CSetpoint::Kind() const {
+    Need("Kind");
+    return static_cast<int>(Values().kind);
+}
+
 void CSetpoint::SetKind(int kind) {
+    Need("Kind");
     SetpointFields& fields = Fields();
     if (kind < kFirstSetpointKind || kind > kLastSetpointKind) {
         Fail(code::kOutOfRange, "Kind", {std::to_string(kind), "1 to 32"});
@@ -50,13 +70,20 @@ void CSetpoint::SetKind(int kind) {
 }
 
 void CSetpoint::SetAlias(std::string_view alias) {
+    Need("Alias");
     SetpointFields& fields = Fields();
     if (alias.size() > 8) Fail(code::kTextTooLong, "Alias");
     if (!alias.empty() && !modValidate::ValidateAlias(alias)) Fail(code::kAliasRefused, "Alias");
     fields.alias.Assign(alias);
 }
 
+std::string CSetpoint::GetTextOutput(bool allParameters) const {
+    Need("GetTextOutput");
+    return RowObject::GetTextOutput(allParameters);
+}
+
 std::string CSetpoint::GetPrintOutput() const {
+    Need("GetPrintOutput");
     const auto& item = Parameters();
     const ResourceTexts& texts = Context().texts;
     const std::string title = texts.Format(item.Title(), {std::to_string(Number())});
@@ -69,31 +96,24 @@ std::string CSetpoint::GetPrintOutput() const {
         const auto& info = item.Info(i);
         const bool inHeading = info.stem == "KIND" || info.stem == "ALIAS";
         if (!written[i] || inHeading) continue;
-        block.append("  ").append(texts.Text(info.more.label)).append(": ");
-        block.append(PrintedText(*this, i)).append("\r\n");
+        const std::string value = PrintedText(*this, i);
+        block.append("  ").append(texts.Text(info.more.label)).append(":");
+        if (!value.empty()) block.append(" ").append(value);
+        block.append("\r\n");
     }
     return block;
 }
 
 std::string CSetpoint::GetIWriteImportDef() const {
+    Need("GetIWriteImportDef");
     const std::string_view alias = Values().alias.Trimmed();
     if (alias.empty()) return {};
     return std::string(alias) + " : constant integer := " + std::to_string(Number()) + ";\r\n";
 }
 
-bool CSetpoint::IsValid() const {
-    const auto& item = Parameters();
-    const std::vector<bool> written = item.WrittenRows();
-    for (std::size_t i = 0; i < item.RowCount(); ++i) {
-        if (!written[i]) continue;
-        const auto& info = item.Info(i);
-        const std::string text = item.Text(i);
-        if (info.IsHeldToList() && !item.List(i)->ValidateItem(Trim(text))) return false;
-        if (info.more.rule != nullptr && info.more.rule(text) != 0) return false;
-        const auto number = info.more.HasRange() ? ReadDecimal(text) : std::nullopt;
-        if (number && (number->value < info.more.min || number->value > info.more.max)) return false;
-    }
-    return true;
+bool CSetpoint::SendToIndicator(ILineSender& sender, IDownload& download) const {
+    Need("SendToIndicator");
+    return SendLines(GetTextOutput(false), sender, download);
 }
 
 }  // namespace calyx

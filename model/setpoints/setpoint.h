@@ -23,7 +23,7 @@ class CSetpoint : public RowObject<SetpointFields> {
     // Keeps all other fields but what the new kind cannot do: an alias when it is off, a trip that is no
     // band for a pulse rate. 10002 outside 1 to 32.
     void SetKind(int kind);
-    int Kind() const { return static_cast<int>(Values().kind); }
+    int Kind() const;
     static int FindKindByCommand(std::string_view command) { return calyx::FindKindByCommand(command); }
     // At most 8 characters, else 10001; an identifier or empty, else 10010.
     void SetAlias(std::string_view alias);
@@ -32,17 +32,19 @@ class CSetpoint : public RowObject<SetpointFields> {
     static std::string FindParameter(Dictionary& lines, std::string_view name, std::string_view absent) {
         return lines.FindParameter(name, absent);
     }
+    // With `allParameters` every line, otherwise gated.
+    std::string GetTextOutput(bool allParameters) const;
     // Number, kind and alias, then a line a parameter that the setpoint writes.
     std::string GetPrintOutput() const;
     // One constant of the Scrivo language; nothing without an alias.
     std::string GetIWriteImportDef() const;
-    bool SendToIndicator(ILineSender& sender, IDownload& download) const {
-        return SendLines(GetTextOutput(false), sender, download);
-    }
+    // False: stopped by the callback.
+    bool SendToIndicator(ILineSender& sender, IDownload& download) const;
 
     CSetpoint Clone() const { return *this; }
-    // Whether lists, ranges and rules of its own lines are kept; what concerns others is for CSetpoints.
-    bool IsValid() const;
+
+  private:
+    void Need(std::string_view operation) const;  // 10006 in the operation's name
 };
 
 }  // namespace calyx

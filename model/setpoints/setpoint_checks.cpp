@@ -1,10 +1,13 @@
 #include "model/setpoints/setpoint_checks.h"
 
 #include <cmath>
+#include <cstdint>
 #include <initializer_list>
 #include <map>
 #include <string>
 #include <utility>
+
+#include "model/setpoints/setpoint_batch.h"
 
 namespace calyx {
 
@@ -25,6 +28,13 @@ constexpr int kNoSuchScale = 3912;      // {2} scale
 constexpr int kNoSuchPulse = 3913;      // {2} pulse input
 constexpr int kNoDigitalCard = 3914;    // {2} slot
 constexpr int kOutputTwiceHere = 3915;  // {2} point, {3} slot
+constexpr int kBeyondCard = 40100;      // {2} slot, {3} its points
+constexpr int kInputBeyond = 40101;     // {2} where, {3} its points, {4} input
+constexpr int kNoInputChosen = 40102;
+constexpr int kNoSlotChosen = 40103;
+constexpr int kInputIsOutput = 40105;           // {2} point, {3} where
+constexpr int kMainBoard = 3880, kSlot = 3881;  // {1} slot
+constexpr int kMostInputs = 31;                 // that a mask can hold
 
 // Adds rules about one setpoint, each under one of its lines.
 class Findings {
@@ -48,11 +58,6 @@ class Findings {
     CBrokenRules& rules_;
 };
 
-bool IsStep(const SetpointFields& fields) {
-    const BatchStep step = BatchStepOf(fields.kind);
-    return step == BatchStep::Always || (step == BatchStep::Chosen && fields.batch);
-}
-
 class Checks {
   public:
     Checks(const CSetpoints& setpoints, const ResourceTexts& texts, CBrokenRules& rules)
@@ -66,6 +71,8 @@ class Checks {
             CheckReferences(setpoint, findings);
             CheckSource(setpoint.Values(), findings);
             CheckOutputs(setpoint, findings);
+            if (HasSetpointLine(setpoint.Values(), "MASK") && setpoint.Values().inputMask == 0)
+                findings.Add("MASK", kNoInputChosen);
         }
     }
 
@@ -106,7 +113,7 @@ class Checks {
                 findings.Add(stem, kIsOff, shown);
             } else if (relative && target == &fields) {
                 findings.Add(stem, kItself, shown);
-            } else if (stem == "BRANCH" && !IsStep(*target)) {
+            } else if (stem == "BRANCH" && !IsBatchStep(*target)) {
                 findings.Add(stem, kOutsideBatch, shown);
             }
         }
@@ -122,7 +129,11 @@ class Checks {
     void CheckOutputs(const CSetpoint& setpoint, const Findings& findings) {
         const SetpointFields& fields = setpoint.Values();
         const int slot = fields.digOutCard;
-        if (slot == 0) return;
+        if (slot == 0) {
+            const bool weighs = fields.chDUnder != 0 || fields.chDOver != 0 || fields.chDAccept != 0;
+            if (weighs && HasSetpointLine(fields, "DUNDER")) findings.Add("DSLOT", kNoSlotChosen);
+            return;
+        }
         const std::pair<std::string_view, int> points[] = {{"DIGOUT", fields.digOutPos},
                                                            {"DUNDER", fields.chDUnder},
                                                            {"DOVER", fields.chDOver},
@@ -152,6 +163,55 @@ class Checks {
     std::map<std::pair<int, int>, int> outputs_;  // slot and point
 };
 
+// The digital points that one setpoint switches and watches.
+class PointChecks {
+  public:
+    PointChecks(const SetpointFields& fields, const SetpointSurroundings& surroundings,
+                const ResourceTexts& texts, const Findings& findings)
+        : fields_(fields), surroundings_(surroundings), texts_(texts), findings_(findings) {}
+
+    void Run() const {
+        if (!surroundings_.digitalPoints) return;
+        if (fields_.digOutCard != 0) CheckOutputs();
+        if (HasSetpointLine(fields_, "DISLOT")) CheckInputs();
+    }
+
+  private:
+    void CheckOutputs() const {
+        if (!HasSetpointLine(fields_, "DSLOT")) return;
+        const int slot = fields_.digOutCard, points = surroundings_.digitalPoints(slot);
+        if (points == 0) return findings_.Add("DSLOT", kNoDigitalCard, std::to_string(slot));
+        const std::pair<std::string_view, int> chosen[] = {{"DIGOUT", fields_.digOutPos},
+                                                           {"DUNDER", fields_.chDUnder},
+                                                           {"DOVER", fields_.chDOver},
+                                                           {"DACCEPT", fields_.chDAccept}};
+        for (const auto& [stem, point] : chosen) {
+            if ((point < 0 || point > points) && HasSetpointLine(fields_, stem))
+                findings_.Add(stem, kBeyondCard, std::to_string(slot), std::to_string(points));
+        }
+    }
+    // One finding a mask: its first bit that is wrong.
+    void CheckInputs() const {
+        const int slot = fields_.digInCard, points = surroundings_.digitalPoints(slot);
+        if (points == 0) return findings_.Add("DISLOT", kNoDigitalCard, std::to_string(slot));
+        const std::string where =
+            slot == 0 ? texts_.Text(kMainBoard) : texts_.Format(kSlot, {std::to_string(slot)});
+        for (int point = 1; point <= kMostInputs; ++point) {
+            if ((static_cast<std::uint32_t>(fields_.inputMask) >> (point - 1) & 1u) == 0) continue;
+            const std::string shown = std::to_string(point);
+            if (point > points)
+                return findings_.Add("MASK", kInputBeyond, where, std::to_string(points), shown);
+            if (surroundings_.isOutput && surroundings_.isOutput(slot, point))
+                return findings_.Add("MASK", kInputIsOutput, shown, where);
+        }
+    }
+
+    const SetpointFields& fields_;
+    const SetpointSurroundings& surroundings_;
+    const ResourceTexts& texts_;
+    const Findings& findings_;
+};
+
 }  // namespace
 
 void CheckSetpoints(const CSetpoints& setpoints, const ResourceTexts& texts, CBrokenRules& rules) {
@@ -174,9 +234,7 @@ void CheckSetpointSurroundings(const CSetpoints& setpoints, const SetpointSurrou
             check(pulses ? surroundings.pulseInputExists : surroundings.scaleExists, fields.source, "SOURCE",
                   pulses ? kNoSuchPulse : kNoSuchScale);
         }
-        if (fields.digOutCard != 0)
-            check(surroundings.digitalSlotExists, fields.digOutCard, "DSLOT", kNoDigitalCard);
-        check(surroundings.digitalSlotExists, fields.digInCard, "DISLOT", kNoDigitalCard);
+        PointChecks(fields, surroundings, texts, findings).Run();
     }
 }
 

@@ -72,7 +72,7 @@ inline constexpr Codec<std::int32_t> kBehindWord{
 
 template <DayTimeForm Form, const auto& Expected>
 inline constexpr Codec<DayTime> kDayTime{
-    ValueKind::Text, Form == DayTimeForm::HourMinute ? 4 : 6,
+    ValueKind::Text, 8,  // "18:30:00"
     [](std::string& out, const DayTime& time, const Target&) { AppendDayTime(out, time, Form); },
     [](DayTime& time, std::string_view text) {
         const auto read = ReadDayTime(text, Form);
@@ -84,8 +84,8 @@ inline constexpr Codec<DayTime> kDayTime{
 
 namespace word {
 inline constexpr char kScale[] = "SCALE", kPulse[] = "PULSE", kSlot[] = "SLOT", kBit[] = "BIT";
-inline constexpr char kHourMinute[] = "a time as HHMM, for example 1830";
-inline constexpr char kHourMinuteSecond[] = "a duration as HHMMSS, for example 000130";
+inline constexpr char kHourMinute[] = "a time as HHMM, for example 1830 or 18:30";
+inline constexpr char kHourMinuteSecond[] = "a duration as HHMMSS, for example 000130 or 00:01:30";
 }  // namespace word
 
 inline constexpr const auto& kOutputSlot = kBehindWord<word::kSlot, NoneWord::Written>;  // "NONE", "SLOT2"

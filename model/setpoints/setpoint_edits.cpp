@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <optional>
+#include <set>
 #include <utility>
 
 namespace calyx {
@@ -121,6 +122,43 @@ std::vector<Change> SwapSetpoints(const CSetpoints& setpoints, int one, int othe
     Contents contents = AsItIs();
     std::swap(contents[At(one)], contents[At(other)]);
     return Rearranged(setpoints, contents, contents);  // an exchange is its own inverse
+}
+
+std::string CopySetpoints(const CSetpoints& setpoints, const std::vector<int>& numbers) {
+    std::string lines;
+    for (const int number : numbers) lines += setpoints.Item(number).GetTextOutput(true);
+    return lines;
+}
+
+PastedSetpoints PasteSetpoints(const CSetpoints& setpoints, std::string_view lines, int first) {
+    Need(setpoints, first);
+    PastedSetpoints pasted;
+    Dictionary read{std::string(lines)};
+    std::vector<SetpointFields> wanted;
+    NewNumbers numbers = AsItIs();
+    for (const CSetpoint& from : setpoints) {
+        if (read.Peek(SetpointKey("KIND", from.Number())) == nullptr) continue;
+        auto item = from.Parameters();
+        item.ReloadDefaults();
+        item.Restore(read, pasted.report);
+        wanted.push_back(item.fields);
+        const int to = first + pasted.count++;
+        if (to <= kSetpoints) numbers[At(from.Number())] = to;
+    }
+    const int behind = first + pasted.count;
+    if (behind > kSetpoints + 1) return pasted;
+    std::set<std::string> aliases{""};
+    for (const CSetpoint& other : setpoints) {
+        const bool stays = other.Number() < first || other.Number() >= behind;
+        if (stays) aliases.insert(Upper(other.Values().alias.Trimmed()));
+    }
+    for (int i = 0; i < pasted.count; ++i) {
+        SetpointFields& fields = wanted[At(i)];
+        FollowAll(fields, numbers);
+        if (!aliases.insert(Upper(fields.alias.Trimmed())).second) fields.alias = {};
+        AddChanges(pasted.changes, setpoints.Item(first + i), fields);
+    }
+    return pasted;
 }
 
 std::vector<Change> ClearSetpoint(const CSetpoints& setpoints, int number) {

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <string>
+#include <string_view>
 #include <vector>
 
 #include "model/language/change_set.h"
@@ -22,6 +24,17 @@ std::vector<Change> RenumberSetpoint(const CSetpoints& setpoints, int from, int 
 // A setpoint is taken out and put in elsewhere; those between move up or down by one.
 std::vector<Change> MoveSetpoint(const CSetpoints& setpoints, int from, int to);
 std::vector<Change> SwapSetpoints(const CSetpoints& setpoints, int one, int other);
+// Setpoints as the lines of the file have them, for a clipboard; numbers in their order.
+std::string CopySetpoints(const CSetpoints& setpoints, const std::vector<int>& numbers);
+// Such lines, of this document or of another, put in from a number on, one setpoint after the other. Where
+// they refer to one another they do so in their new places; other references stay. An alias that another
+// setpoint has is left out. What stood there is replaced.
+struct PastedSetpoints {
+    int count = 0;                // setpoints in the lines; those with a kind
+    std::vector<Change> changes;  // none where there is no room for all of them
+    ReadReport report;            // what of the lines was not taken as given
+};
+PastedSetpoints PasteSetpoints(const CSetpoints& setpoints, std::string_view lines, int first);
 // As new. References to it stay as they are and show up as broken rules.
 std::vector<Change> ClearSetpoint(const CSetpoints& setpoints, int number);
 

@@ -21,7 +21,8 @@ int CheckAlias(std::string_view alias) {
     return !alias.empty() && !modValidate::ValidateAlias(alias) ? kBadAlias : 0;
 }
 
-// A missing line reads as the initial value; rows that do not say so leave the present one.
+// A missing line reads as the initial value. Rows that do not say so leave the present one, on purpose: that
+// is the indicator's own rule for values, references and names.
 constexpr auto kInitial = Absent::Initial;
 
 // Behind which word the number of the source stands is for the kind to say; both are read.
@@ -180,12 +181,8 @@ void Settle(F& fields) {
 
 }  // namespace
 
-constexpr RowTable<F> kSetpointTable{.rows = kRows,
-                                     .layout = LayoutOf,
-                                     .prefix = "SP.",
-                                     .settle = Settle,
-                                     .title = kItemTitle,
-                                     .startOver = true};
+constexpr RowTable<F> kSetpointTable{
+    .rows = kRows, .layout = LayoutOf, .prefix = "SP.", .settle = Settle, .title = kItemTitle};
 
 std::string SetpointKey(std::string_view stem, int number) {
     return std::string(kSetpointTable.prefix).append(stem).append("#").append(std::to_string(number));

@@ -30,18 +30,12 @@ struct LinesInFile {
     const Dictionary::Entry* first = nullptr;
 };
 
-std::array<LinesInFile, kSetpoints> LinesBySetpoint(const Dictionary& lines) {
-    std::array<LinesInFile, kSetpoints> found{};
-    for (const Dictionary::Run& run : lines.Runs()) {
-        if (!StartsNoCase(run.head, kPrefix)) continue;
-        for (const Dictionary::Entry& entry : run.entries) {
-            const int number = NumberOf(entry.key);
-            if (number == 0) continue;
-            LinesInFile& own = found[static_cast<std::size_t>(number) - 1];
-            if (own.count++ == 0) own.first = &entry;
-        }
+LinesInFile LinesOf(int number, const Dictionary& lines) {
+    LinesInFile own;
+    for (const Dictionary::Entry& entry : lines.GroupOf(kPrefix, "#" + std::to_string(number))) {
+        if (own.count++ == 0) own.first = &entry;
     }
-    return found;
+    return own;
 }
 
 bool ChangesKey(const std::vector<Change>& changes, std::string_view key) {
@@ -76,20 +70,21 @@ void CSetpoints::Initialize() {
     }
 }
 
-// Most setpoints are off and have one line that says so; they are not asked for all the others.
+// Most setpoints are off and have one line that says so; those that were so before are not asked for all the
+// others.
 void CSetpoints::RestoreState(Dictionary& lines, ReadReport& report) {
     report.Enter(std::string(Name()));
-    Initialize();
-    const std::array<LinesInFile, kSetpoints> inFile = LinesBySetpoint(lines);
+    auto fresh = setpoints_.front().Parameters();
+    fresh.ReloadDefaults();
     for (CSetpoint& setpoint : setpoints_) {
-        const auto& [count, first] = inFile[static_cast<std::size_t>(setpoint.Number()) - 1];
-        if (count == 0) continue;
+        const auto [count, first] = LinesOf(setpoint.Number(), lines);
         const bool offAlone = count == 1 && first->value == CommandOf(SetpointKind::Off) &&
                               EqualNoCase(first->key, SetpointKey("KIND", setpoint.Number()));
-        if (offAlone) {
-            lines.MarkAsked(*first);
-        } else {
+        const bool isNew = setpoint.Values() == fresh.fields && !setpoint.IsDirty();
+        if (!isNew || (count > 0 && !offAlone)) {
             setpoint.RestoreState(lines, report);
+        } else if (offAlone) {
+            lines.MarkAsked(*first);
         }
     }
 }

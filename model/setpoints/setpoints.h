@@ -23,7 +23,7 @@ class CSetpoints : public Section {
     using Section::Items;
     std::vector<calyx::Item*> Items() override;
     void Initialize() override;
-    // Starts over: what the lines do not say is as in a new setpoint.
+    // What the lines do not say is as in a new setpoint; values, references, times and the alias stay.
     void RestoreState(Dictionary& lines, ReadReport& report) override;
     bool Owns(std::string_view key) const override;
 

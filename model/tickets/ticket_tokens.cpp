@@ -73,6 +73,12 @@ const TicketToken* TicketTokens::Find(std::string_view name) const {
     return found == tokens_.end() ? nullptr : &*found;
 }
 
+const TicketToken* TicketTokens::LineBreak() const {
+    const auto found = std::find_if(tokens_.begin(), tokens_.end(),
+                                    [](const TicketToken& token) { return token.sample == "\n"; });
+    return found == tokens_.end() ? nullptr : &*found;
+}
+
 std::vector<TicketPiece> SplitTicketText(std::string_view text, const TicketTokens& tokens) {
     std::vector<TicketPiece> pieces;
     const auto addText = [&](std::string_view plain) {

@@ -27,6 +27,8 @@ class TicketTokens {
     const std::vector<TicketToken>& All() const { return tokens_; }  // in file order
     // The token of that name without its brackets; nothing for an unknown one.
     const TicketToken* Find(std::string_view name) const;
+    // The one that prints a line break and nothing else; nothing where the list has none.
+    const TicketToken* LineBreak() const;
 
   private:
     std::vector<TicketToken> tokens_;

@@ -22,6 +22,7 @@ class CTickets : public Section {
     std::string_view Name() const override { return "tickets"; }
     int Title() const override { return 2123; }
     void Initialize() override;
+    using Section::Items;
     std::vector<Item*> Items() override;  // one a format
     void RestoreState(Dictionary& lines, ReadReport& report) override;
     // Reads auxiliary format 1 to 20 under its numbered keys.

@@ -12,6 +12,8 @@ namespace calyx {
 // What the six classes have in common: they are their kind's table over one struct of fields.
 class CWidget : public IWidgetData, protected RowObject<WidgetFields> {
   public:
+    using IWidgetData::IsValid;
+
     void Initialize(int number);
     // As Initialize, with the lists of another widget of the kind: for many.
     void Initialize(int number, const CWidget& like);

@@ -111,9 +111,19 @@ void WidgetLine::Append(std::string& out, const Target&, std::optional<LinePart>
     if (const CWidget* widget = Widget()) out += widget->StoreState();
 }
 
+bool WidgetLine::IsDirty() const {
+    const CWidget* widget = Widget();
+    if (widget == nullptr || !savedKind_) return (widget == nullptr) == savedKind_.has_value();
+    return widget->WidgetType() != *savedKind_ || widget->Values() != saved_;
+}
+
 void WidgetLine::MarkSaved() {
-    saved_ = Text(0);
-    if (CWidget* widget = Widget()) widget->MarkSaved();
+    CWidget* widget = Widget();
+    savedKind_.reset();
+    if (widget == nullptr) return;
+    savedKind_ = widget->WidgetType();
+    saved_ = widget->Values();
+    widget->MarkSaved();
 }
 
 }  // namespace calyx

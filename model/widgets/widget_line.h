@@ -65,7 +65,7 @@ class WidgetLine final : public Item {
     void Restore(Dictionary& lines, ReadReport& report) override;
     void Append(std::string& out, const Target& target,
                 std::optional<LinePart> part = std::nullopt) const override;
-    bool IsDirty() const override { return Text(0) != saved_; }
+    bool IsDirty() const override;
     void MarkSaved() override;
     std::unique_ptr<Item> Clone() const override { return std::make_unique<WidgetLine>(*this); }
 
@@ -76,7 +76,8 @@ class WidgetLine final : public Item {
     int number_;
     AnyWidget widget_;
     bool awaits_ = false;
-    std::string saved_;  // the record; empty for a gap
+    std::optional<WidgetKind> savedKind_;  // nothing for a gap
+    WidgetFields saved_;
 };
 
 }  // namespace calyx

@@ -63,6 +63,17 @@ TEST_F(LinkStore, KeepsWhatAConnectFoundAndNothingElse) {
     EXPECT_FALSE(link.logging);
 }
 
+TEST_F(LinkStore, KeepsWhatAPersonChose) {
+    link_.Keep({.method = comm_method::kDetect, .port = "COM7", .address = 9, .storedFirst = true});
+    CAppSettings later(store_, texts_, "3.10.0", folder_.Text(), nullptr);
+    later.Load();
+    EXPECT_TRUE(later.AutoDetectIndicatorSettings);
+    const LinkSettings link = LinkSettingsStore(later, texts_, nullptr).Load();
+    EXPECT_EQ((std::vector{link.method, link.address}), (std::vector{comm_method::kDetect, 9}));
+    EXPECT_EQ(link.port, "COM7");
+    EXPECT_TRUE(link.storedFirst);
+}
+
 TEST_F(LinkStore, OddSettingsAreRecordedAndDoNotStopTheLink) {
     for (const char* address : {"0", "256", "", "1a"}) {
         errors_.clear();

@@ -16,8 +16,10 @@ class Startup : public ::testing::Test {
   protected:
     Startup() {
         data_.Put("texts/en.txt",
-                  "1=Off\n2=On\n20004={1} {2}\n20100=File {1}: {2}\n20101=No {1} in {2}\n20102=Folder {1}\n");
+                  "1=Off\n2=On\n20004={1} {2}\n20100=File {1}: {2}\n20101=No {1} in {2}\n20102=Folder {1}\n"
+                  "40800=Tokens {1}: {2}\n");
         data_.Put("calyx.dat", "[A]\ntexts=1,2\nkeys=OFF,ON\ndefault=OFF\n");
+        data_.Put("tickets.dat", "G=1,5\n");
     }
     std::unique_ptr<AppContext> Start(const std::string& language = "") const {
         return modStartup::Main({.folders = {.userDir = user_.File("made"), .dataDir = data_.Text()},
@@ -85,6 +87,19 @@ TEST_F(Startup, AMissingOrBrokenProgramFileIsNamed) {
         data_.Put(one.file, before);
     }
     EXPECT_NO_THROW(Start());
+}
+
+TEST_F(Startup, WithoutTicketTokensItStarts) {
+    EXPECT_NE(Start()->ticketTokens.Find("G"), nullptr);
+    data_.Put("tickets.dat", "G=1,5\nN\n");
+    auto context = Start();
+    ASSERT_EQ(context->notices.size(), 1u);
+    EXPECT_NE(context->notices[0].Description().find("line 2"), std::string::npos);
+    EXPECT_TRUE(context->ticketTokens.All().empty()) << "half a list would mark the rest as unknown";
+    files_.Remove(data_.File("tickets.dat"));
+    context = Start();
+    ASSERT_EQ(context->notices.size(), 1u);
+    EXPECT_EQ(context->notices[0].Code(), code::kNoTicketTokens);
 }
 
 TEST_F(Startup, StreamsAreCopiedOnlyToAUserWhoHasNone) {

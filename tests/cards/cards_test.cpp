@@ -61,11 +61,11 @@ TEST_F(Cards, DigitalPointsAreReadWrittenAndNamed) {
     Dictionary file(
         "DIO.1#4=PRINT\r\nDIO.ALIAS.1#4= Print "
         "\r\nDIO.24#4=OUTPUT\r\nDIO.ALIAS.24#4=Horn\r\nDIO.2#4=DANCE\r\n");
-    card.Parameters().Restore(file, report);
+    card.RestoreState(file, report);
     EXPECT_EQ(card.PointDefinition(1), "PRINT");
     EXPECT_EQ(card.PointDefinition(2), "OFF");
-    std::string lines;
-    card.Parameters().Append(lines, Target{});
+    EXPECT_EQ(card.PointDefinitionCommand(1), "DIO.1#4=PRINT");
+    const std::string lines = Sent(card, "1.00.");
     EXPECT_TRUE(
         lines.starts_with("DIO.1#4=PRINT\r\nDIO.ALIAS.1#4=Print\r\nDIO.2#4=OFF\r\nDIO.ALIAS.2#4=\r\n"));
     EXPECT_TRUE(lines.ends_with("DIO.24#4=OUTPUT\r\nDIO.ALIAS.24#4=Horn\r\n"));
@@ -76,6 +76,10 @@ TEST_F(Cards, DigitalPointsAreReadWrittenAndNamed) {
     EXPECT_EQ(CodeOf([&] { board.SetAlias(9, "x"); }), code::kOutOfRange);
     EXPECT_EQ(CodeOf([&] { board.SetAlias(1, "1x"); }), code::kAliasRefused);
     EXPECT_EQ(CodeOf([&] { board.SetPointDefinition(1, "DANCE"); }), code::kOutOfRange);
+    card.SetAlias(2, "Bell");
+    EXPECT_TRUE(card.IsDirty() && card.IsValid() && !board.IsDirty());
+    card.ReloadDefaults();
+    EXPECT_EQ(card.StoreState().find("PRINT"), std::string::npos);
     ExpectARowForEveryMember(kCardDigitalTable);
 }
 
@@ -86,9 +90,10 @@ TEST_F(Cards, FieldbusCardHasTwoFormsOfByteSwap) {
         const char *version, *value, *swap;
         bool cb2 = false;
     };
-    for (const Row& row : {Row{"3.06.", "NONE", ""}, Row{"3.07.", "NONE", "NO"}, Row{"3.08.", "WORD", "YES"},
-                           Row{"3.09.", "NONE", "NONE"}, Row{"3.10.", "WORD", "WORD"},
-                           Row{"2.00.", "WORD", "YES", true}, Row{"3.09.", "WORD", "WORD", true}}) {
+    for (const Row& row :
+         {Row{"3.06.", "NONE", ""}, Row{"3.07.", "NONE", "NO"}, Row{"3.08.", "WORD", "YES"},
+          Row{"3.09.", "NONE", "NONE"}, Row{"3.10.", "WORD", "WORD"}, Row{"2.00.", "WORD", "YES", true},
+          Row{"3.09.", "WORD", "WORD", true}, Row{"3.11.", "NONE", ""}, Row{"3.11.", "NONE", "NO", true}}) {
         Dictionary file(std::string("FB.BYTESWAP#1=") + row.value);
         card.RestoreState(file, report);
         const std::string expected =

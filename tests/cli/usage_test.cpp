@@ -54,12 +54,11 @@ TEST_F(Usage, TellsItselfAndRefusesWhatItDoesNotKnow) {
         {"download ~a.mrn --only program --dry-run", 2, "", "--program"},
         {"download ~a.mrn --dry-run --verify", 2, "", "sends nothing"},
         {"download ~a.mrn --tcp a:5 --firmware 3.00.", 2, "", "--dry-run"},
-        {"download ~a.mrn --tcp a:5 --changed", 2, "", "not there yet"},
+        {"download ~a.mrn --dry-run --changed", 2, "", "--changed reads the indicator"},
         {"download ~a.mrn --tcp a:5 --backup ~a.mrn", 2, "", "exists already; choose another name"},
         {"print ~a.mrn --pdf ~a.pdf", 2, "", "in the desktop program"},
         {"print ~a.mrn --pdf ~a.pdf --html ~a.html", 2, "", "not both"},
         {"send --tcp a:5", 2, "", "nothing to send"},
-        {"simulate --pty", 2, "", "TCP only"},
         {"simulate --tcp 70000", 2, "", "usage: calyx-cli simulate"},
         {"simulate --fault nonsense", 2, "", "nonsense"},
     });

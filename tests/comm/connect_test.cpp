@@ -2,6 +2,7 @@
 
 #include <filesystem>
 
+#include "comm/detection.h"
 #include "comm/link_texts.h"
 #include "tests/comm/scripted_link.h"
 
@@ -48,6 +49,30 @@ TEST(Connect, TheWholeIdentificationLineIsWaitedFor) {
     test.link->Connect();
     test.wire.device = nullptr;
     EXPECT_FALSE(test.link->SendData("UID=1", 100));
+}
+
+TEST(Connect, DetectionKnowsHowLongItCanStillTake) {
+    const int last = DetectionTimeLeft("300,N,8,1");
+    EXPECT_EQ(last, 100 + 2500 + 5000);
+    EXPECT_EQ(DetectionTimeLeft("300,O,7,1"), 2 * last);
+    EXPECT_EQ(DetectionTimeLeft("9600,O,7,1"), DetectionTimeLeft("9600,E,7,1") - (100 + 375 + 750));
+    EXPECT_EQ(DetectionTimeLeft("4800,N,8,2"), DetectionTimeLeft("9600,E,7,1"));  // none of the thirty
+}
+
+TEST(Connect, AnIndicatorThatIsThereSaysSo) {
+    ScriptedLink test;
+    EXPECT_FALSE(test.link->StillAnswers());
+    test.Connect();
+    test.wire.device = IndicatorAt("128.1.1.1:10001");
+    EXPECT_TRUE(test.link->StillAnswers());
+    test.wire.device = [](Wire& wire, const std::string&) { wire.Answer("OK\r\n"); };
+    EXPECT_FALSE(test.link->StillAnswers());
+    const auto before = test.wire.clock.now;
+    test.wire.device = nullptr;
+    EXPECT_FALSE(test.link->StillAnswers());
+    EXPECT_EQ(test.wire.clock.now - before, 2000);
+    test.wire.open = false;
+    EXPECT_FALSE(test.link->StillAnswers());
 }
 
 // The waits of a silent line: the look for streaming, the lone CR, VERSION.
@@ -142,7 +167,7 @@ TEST(Connect, AddressesRunFromOneTo255) {
 
 TEST(Connect, EveryTextOfTheLinkIsThere) {
     const TestContext context{CALYX_DATA_DIR};
-    for (int number = link_text::kUnreachable; number <= link_text::kEmptyProgram; ++number) {
+    for (int number = link_text::kUnreachable; number <= link_text::kPortBusy; ++number) {
         EXPECT_TRUE(context.texts.Has(number)) << number;
     }
 }

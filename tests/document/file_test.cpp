@@ -173,6 +173,13 @@ TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
         })) << row.line;
     }
     EXPECT_EQ(report.Notes().front().section, "general");
+
+    // Of a card that is not there, of a part that has no such parameter, of nobody.
+    const ReadReport unknown = document.LoadText("EDP.ALIAS#7=x\r\nSTR.FOO#1=x\r\nFOO=x\r\n", "f");
+    ASSERT_EQ(unknown.Count(), 3u);
+    EXPECT_EQ(
+        unknown.Notes()[0].section + "|" + unknown.Notes()[1].section + "|" + unknown.Notes()[2].section,
+        "hardware|hardware|");
 }
 
 TEST_F(File, SamplesOpenSaveAndStayByteEqual) {

@@ -80,6 +80,27 @@ TEST_F(Document, WhatAnIndicatorReportsIsTakenAsAFileIs) {
     EXPECT_EQ(document.Value("DSPRATE"), "7");
     EXPECT_EQ(document.Value("UID"), "X");
     EXPECT_EQ(document.Validate().size(), 1u);
+    // A row that is read under another key than it is written.
+    document.UpdateFromIndicator("STR.ZERO#1=C\r\nSTR.ZERO2=Y\r\n");
+    EXPECT_EQ(*document.Value("STR.ZERO#1") + *document.Value("STR.ZERO#2"), "ZY");
+}
+
+TEST_F(Document, AliasesAreUniqueAmongAllNamesOfTheImportFile) {
+    const std::string cards = "HARDWARE=0,0,5,7,0,0,0,0,0,0,0,0,0,0\r\n";
+    const struct {
+        const char *lines, *broken;
+    } cases[] = {
+        {"EDP.ALIAS#1=Gate\r\nDIO.2#3=INPUT\r\nDIO.ALIAS.2#3=gate\r\n", "DIO.ALIAS.2#3"},
+        {"EDP.ALIAS#1=DIOCRD3\r\n", ""},  // no constant without a named point
+        {"EDP.ALIAS#1=diocrd3\r\nDIO.2#3=INPUT\r\nDIO.ALIAS.2#3=Gate\r\n", "EDP.ALIAS#1"},
+        {"EDP.ALIAS#1=ARecord\r\nDB.NAME.1#4=A\r\nDB.FIELD.1.1#4=f\r\n", "EDP.ALIAS#1"},
+    };
+    for (const auto& one : cases) {
+        document.LoadText(cards + one.lines, "f");
+        std::string broken;
+        for (const BrokenRule& rule : document.Validate()) broken += rule.key;
+        EXPECT_EQ(broken, one.broken) << one.lines;
+    }
 }
 
 TEST_F(Document, AnEditElsewhereLeavesBlanksOfAFieldAlone) {

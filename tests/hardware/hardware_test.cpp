@@ -152,11 +152,15 @@ TEST_F(Hardware, WhatTheLinesCannotHoldIsAFinding) {
 
 TEST_F(Hardware, LiveCardsAreCompared) {
     hardware.AddNewCard(2, 5);
+    EXPECT_EQ(hardware.ValidateLiveHardware().Count(), 0u);  // nothing was reported
     hardware.UpdateFromIndicator("0,5,1,0,0,0,0,0,0,0,0,0,0,0");
     EXPECT_EQ(hardware.LiveCardType(3), 1);
     const CBrokenRules rules = hardware.ValidateLiveHardware();
     ASSERT_EQ(rules.Count(), 1u);
     EXPECT_EQ(rules.begin()->item, 3);
+    EXPECT_TRUE(hardware.DiffersFromLive(3) && !hardware.DiffersFromLive(2));
+    hardware.UpdateFromIndicator("");
+    EXPECT_FALSE(hardware.HasLiveCards() || hardware.DiffersFromLive(3));
 }
 
 TEST_F(Hardware, ImportBlocksStandInTheirOrder) {

@@ -53,13 +53,20 @@ TEST_F(SavedFormats, NamesAreCutAndBadOnesRefused) {
 }
 
 TEST_F(SavedFormats, OtherLinesStayAndPartsThatAreMissingAreDefaults) {
-    File() = "; mine\n[A]\nGross=GR\nNonsense=1\n\n[B]\nSFMT=" + std::string(300, 'x') + "\nOK=\n";
+    File() = "; mine\n[A]\nGross=GR\n; why\nNonsense=1\n\n[B]\nSFMT=" + std::string(300, 'x') + "\nOK=\n";
     const auto a = saved.Load("a");
     ASSERT_TRUE(a);
     EXPECT_EQ(a->gross, "GR");
     EXPECT_EQ(a->positive, 2);
     EXPECT_EQ(saved.Load("B")->format.size(), 200u);
     EXPECT_EQ(saved.Load("B")->ok, " ");
+    saved.Save("A", stream.Values());
+    EXPECT_TRUE(File().starts_with("; mine\r\n[A]\r\nName=A\r\n"));
+    EXPECT_TRUE(File().find("<LF>\r\n; why\r\n\r\n[B]\r\n") != std::string::npos) << File();
+    saved.Remove("B");
+    saved.Remove("A");
+    EXPECT_EQ(File(), "; mine\r\n");
+    File() = "; mine\n[A]\nGross=GR\nNonsense=1\n\n[B]\nSFMT=x\n";
     saved.Remove("B");
     EXPECT_EQ(File(), "; mine\r\n[A]\r\nGross=GR\r\nNonsense=1\r\n\r\n");
 }

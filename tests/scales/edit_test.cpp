@@ -1,5 +1,6 @@
 // Edits that bring others about.
 
+#include "model/scales/scale_edits.h"
 #include "tests/scales/scales_fixture.h"
 
 namespace calyx::test {
@@ -80,6 +81,53 @@ TEST_F(ScalesTest, LinesOfAnIndicatorAreTakenAsAFileIsRead) {
     EXPECT_EQ(scales.Scale(2).ScaleType(), kVexal);
     EXPECT_EQ(Set({{"SC.SRC#3", {}, "A,1,x"}}, Section::Check::Lenient).size(), 1u);
     EXPECT_EQ(Value("SC.SRC#3"), "A,1");
+    // A line that comes twice counts once, as in a file.
+    EXPECT_TRUE(Set({{"SC.SRC#4", {}, "S,3.2"}, {"SC.PRI.UNITS#4", {}, "KG"}, {"sc.pri.units#4", {}, "G"}},
+                    Section::Check::Lenient)
+                    .empty());
+    EXPECT_EQ(Value("SC.PRI.UNITS#4"), "KG");
+}
+
+TEST_F(ScalesTest, LinesThatWereCopiedComeInElsewhere) {
+    const std::string file =
+        "SC.SRC#1=A,1\r\nSC.ALIAS#1=Bin\r\nSC.WVAL#1=20\r\nSC.SRC#2=S,6\r\nSC.SRC#3=T,1,2,9\r\nSC.SRC#4="
+        "P,4\r\nSC.SRC#5=NONE\r\nSC.SRC#6=A,2\r\nSC.MAX_WEIGHT#6=7\r\n";
+    Read(file);
+    const auto before = scales.State();
+    const auto sources = [&](int first, int last) {
+        std::string all;
+        for (int number = first; number <= last; ++number) all += scales.Scale(number).Command("SRC") + " ";
+        return all;
+    };
+    const auto take = [&](const std::vector<Change>& changes) {
+        EXPECT_TRUE(scales.Take(changes, Section::Check::None).empty());
+        EXPECT_TRUE(Difference(before, scales.State()).Changes() == changes);
+    };
+    take(PasteScales(scales, CopyScales(scales, {1, 2, 3, 4}, true), 6, InputOf).changes);
+    EXPECT_EQ(sources(1, 9), "A,1 S,6 T,1,2,9 P,4 NONE A,1 S,6 T,6,7,9 P,9 ");
+    EXPECT_EQ(Value("SC.WVAL#6") + Value("SC.ALIAS#6") + Value("SC.MAX_WEIGHT#6"), "207");
+    EXPECT_EQ(scales.Scale(7).ScaleType(), kIndustrial);
+    Read(file);
+
+    // Without the port, the line of the kind decides, else the form of the source.
+    const auto noPorts = [](int) { return std::string(); };
+    EXPECT_TRUE(
+        Set(PasteScales(scales, CopyScales(scales, {2}, true), 8, noPorts).changes, Section::Check::None)
+            .empty());
+    EXPECT_EQ(scales.Scale(8).ScaleType(), kIndustrial);
+    EXPECT_TRUE(
+        Set(PasteScales(scales, CopyScales(scales, {2}, false), 9, noPorts).changes, Section::Check::None)
+            .empty());
+    EXPECT_EQ(scales.Scale(9).ScaleType(), kSerial);
+    EXPECT_TRUE(Set(ClearScale(scales, 1), Section::Check::None).empty());
+    EXPECT_EQ(sources(1, 1) + Value("SC.ALIAS#1"), "NONE ");
+    // One that is not configured clears the place.
+    EXPECT_FALSE(PasteScales(scales, CopyScales(scales, {5}, true), 3, InputOf).changes.empty());
+
+    EXPECT_EQ(PasteScales(scales, "SC.GRADS#1=5\r\n", 1, InputOf).count, 0);
+    const auto beyond = PasteScales(scales, CopyScales(scales, {3, 4}, true), 32, InputOf);
+    EXPECT_EQ(beyond.count, 2);
+    EXPECT_TRUE(beyond.changes.empty());
 }
 
 }  // namespace

@@ -20,7 +20,8 @@ TEST_F(ScalesTest, SoundScalesBreakNoRule) {
 TEST_F(ScalesTest, TotalsOfWhatCannotBeAdded) {
     Read("SC.SRC#1=S,5\r\nSC.SRC#2=P\r\nSC.SRC#3=B,1\r\nSC.SRC#7=T,1,2,3\r\nSC.SRC#8=T,9,40\r\n");
     EXPECT_EQ(scales.Validate(InputOf), kTotalRule + " ( #7)|" + context.texts.Format(3403, {"9"}) +
-                                            " ( #8)|" + context.texts.Format(3404, {"40"}) + " ( #8)");
+                                            " ( #8)|" + context.texts.Format(3404, {"40"}) + " ( #8)|" +
+                                            kTotalRule + " ( #8)");
     const CBrokenRules rules = scales.BrokenRules();
     EXPECT_EQ(*rules.begin(), (BrokenRule{"scales", 7, "SC.SRC#7", kTotalRule}));
     EXPECT_TRUE(scales.IsValid(1));
@@ -44,6 +45,11 @@ TEST_F(ScalesTest, SourcesAndAliases) {
     std::string keys;
     for (const BrokenRule& rule : scales.BrokenRules()) keys += rule.key + " ";
     EXPECT_EQ(keys, "SC.ALIAS#2 SC.LC.CD#3 SC.SRC#1 ");
+    // One that is not configured has no line for its alias.
+    EXPECT_TRUE(Set("SC.ALIAS#4", "Bin").empty());
+    keys.clear();
+    for (const BrokenRule& rule : scales.BrokenRules()) keys += rule.key + " ";
+    EXPECT_EQ(keys, "SC.ALIAS#2 SC.LC.CD#3 SC.SRC#1 SC.ALIAS#4 ");
 }
 
 TEST_F(ScalesTest, PortsMustFitTheKind) {

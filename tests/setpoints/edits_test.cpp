@@ -3,6 +3,7 @@
 #include "model/setpoints/setpoint_edits.h"
 
 #include "model/language/error.h"
+#include "model/setpoints/setpoint_batch.h"
 #include "tests/setpoints/setpoints_fixture.h"
 
 namespace calyx::test {
@@ -63,6 +64,49 @@ TEST_F(SetpointEdits, CopiesAndClearedOnes) {
     EXPECT_EQ(Text("SOURCE"), "PULSE3");
 }
 
+TEST_F(SetpointEdits, LinesThatWereCopiedComeInElsewhere) {
+    const auto paste = [&](const std::string& lines, int first) {
+        return PasteSetpoints(setpoints, lines, first).changes;
+    };
+    const std::string rest = " COUNTER>1 +REL>1 NEVER>4 TIMER>1-4 PLSRAT";
+    // The counter refers to the first, which comes along; the third to one that does not.
+    const std::string two = CopySetpoints(setpoints, {1, 2});
+    Expect(paste(two, 7), "GROSS" + rest + " GROSS COUNTER>7 OFF OFF");
+    Expect(paste(CopySetpoints(setpoints, {3, 4}), 8), "GROSS" + rest + " OFF +REL>1 NEVER>9 OFF");
+    Expect(paste(CopySetpoints(setpoints, {6, 5}), 1), "TIMER>1-4 PLSRAT +REL>1 NEVER>4 TIMER>1-4 PLSRAT");
+    // In order, whatever the order of the lines; what was there is as new first.
+    Expect(paste("SP.KIND#9=NET\r\nSP.KIND#2=PAUSE\r\n", 5), "GROSS COUNTER>1 +REL>1 NEVER>4 PAUSE NET");
+    // An alias goes to a new place only where nobody else has it.
+    const auto alias = [&](const std::string& lines, int first) {
+        for (const Change& change : paste(lines, first)) {
+            if (change.key == SetpointKey("ALIAS", first)) return change.after.value_or("");
+        }
+        return std::string("as it was");
+    };
+    EXPECT_EQ(alias("SP.KIND#9=NET\r\nSP.ALIAS#9=FIRST\r\n", 7), "as it was");
+    EXPECT_EQ(alias("SP.KIND#9=NET\r\nSP.ALIAS#9=FIRST\r\n", 1), "FIRST");
+    EXPECT_EQ(alias("SP.KIND#9=NET\r\nSP.ALIAS#9=Other\r\n", 3), "Other");
+
+    const auto beyond = PasteSetpoints(setpoints, two, 100);
+    EXPECT_EQ(beyond.count, 2);
+    EXPECT_TRUE(beyond.changes.empty());
+    EXPECT_EQ(PasteSetpoints(setpoints, "Hello\r\nSP.VALUE#3=5\r\n", 1).count, 0);
+    EXPECT_EQ(PasteSetpoints(setpoints, "SP.KIND#1=NET\r\nSP.VALUE#1=1x\r\n", 1).report.Count(), 1u);
+}
+
+TEST_F(SetpointEdits, TheBatchInItsOrder) {
+    Read(
+        "KIND#2=GROSS BATCH#2=ON KIND#3=GROSS KIND#4=CONCUR START#4=9 END#4=2 KIND#9=PAUSE KIND#10=TIMER "
+        "START#10=3 END#10=9 KIND#11=TIMER START#11=2 END#11=9 KIND#12=CONCUR START#12=2.5 KIND#13=DINCNT "
+        "BATCH#13=ON");
+    std::string order;
+    for (const BatchPlace& place : BatchOrder(setpoints)) {
+        order += std::to_string(place.number) + (place.isStep ? ":" : "|") + std::to_string(place.first) +
+                 "-" + std::to_string(place.last) + " ";
+    }
+    EXPECT_EQ(order, "2:1-1 11|1-2 9:2-2 4|2-1 13:3-3 10|0-2 12|0-0 ");
+}
+
 TEST_F(SetpointEdits, NothingToDoAndNumbersThatAreNone) {
     EXPECT_TRUE(MoveSetpoint(setpoints, 3, 3).empty());
     EXPECT_TRUE(RenumberSetpoint(setpoints, 3, 3).empty());
@@ -75,6 +119,7 @@ TEST_F(SetpointEdits, NothingToDoAndNumbersThatAreNone) {
         EXPECT_THROW(SwapSetpoints(setpoints, 1, number), Error);
         EXPECT_THROW(DuplicateSetpoint(setpoints, 1, number), Error);
         EXPECT_THROW(ClearSetpoint(setpoints, number), Error);
+        EXPECT_THROW(PasteSetpoints(setpoints, "", number), Error);
     }
 }
 

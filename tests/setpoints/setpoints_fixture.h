@@ -34,6 +34,7 @@ class Setpoints : public testing::Test {
             text.append(key).append("=").append(value).append("\r\n");
         Dictionary file(text);
         report = {};
+        setpoints.Initialize();
         setpoints.RestoreState(file, report);
     }
     std::vector<Refusal> Set(const std::string& lines, Section::Check check = Section::Check::Strict) {

@@ -140,9 +140,17 @@ TEST_F(Setpoints, ValuesAreReadByTheirLength) {
         {"VALUE=-0.1", "-0.1", false},
         {"TIME=1830", "1830", false},
         {"TIME=930", "0930", false},
+        {"TIME=18:30", "1830", false},
+        {"TIME=9:05:00", "0905", false},
+        {"TIME=18:30:15", "0000", true},
+        {"TIME=18:", "0000", true},
+        {"TIME=18:3a", "0000", true},
         {"TIME=2400", "0000", true},
         {"TIME=183000", "0000", true},
         {"DURATION=000010", "000010", false},
+        {"DURATION=00:01:30", "000130", false},
+        {"DURATION=1:30", "013000", false},
+        {"DURATION=1:2:3:4", "000000", true},
         {"DURATION=006000", "000000", true},
         {"ENABLE=on", "OFF", true},
         {"TRIP=SIDEWAYS", "HIGHER", true},
@@ -170,18 +178,22 @@ TEST_F(Setpoints, ThePulseKindsNameAPulseInputAndAPulseRateTripsInABand) {
     EXPECT_EQ(Text("TRIP", 4), "INBAND");
 }
 
-TEST_F(Setpoints, AMissingLineReadsAsInANewSetpoint) {
-    const std::string all =
-        "KIND=GROSS ALIAS=a VALUE=7 TRIP=LOWER ENABLE=OFF PCOUNT=5 SENSE=INVERT KIND#2=NET";
-    Read("KIND=GROSS");
-    const std::string bare = setpoints.StoreState();
-    const auto state = setpoints.State();
-    Read(all);
-    EXPECT_NE(setpoints.State(), state);
-    Read("KIND=GROSS");
-    EXPECT_EQ(setpoints.State(), state);
-    EXPECT_EQ(setpoints.StoreState(), bare);
+TEST_F(Setpoints, AMissingLineReadsAsItsDefaultOrLeavesTheValue) {
+    Read(
+        "KIND=GROSS ALIAS=a VALUE=7 RELNUM=4 BRANCH=3 HYSTER=2 BANDVAL=9 TIME=1830 TRIP=LOWER ENABLE=OFF "
+        "PCOUNT=5 SENSE=INVERT SOURCE=2 KIND#2=NET VALUE#2=8");
+    Dictionary kinds("SP.KIND#1=NET\r\nSP.KIND#3=OFF\r\n");
+    setpoints.RestoreState(kinds, report);
+    std::string now;
+    for (const char* stem : {"KIND", "ALIAS", "VALUE", "RELNUM", "BRANCH", "HYSTER", "BANDVAL", "TIME"})
+        now += Text(stem) + " ";
+    EXPECT_EQ(now, "NET a 7 4 3 2 9 1830 ");
+    now.clear();
+    for (const char* stem : {"TRIP", "ENABLE", "PCOUNT", "SENSE", "SOURCE"}) now += Text(stem) + " ";
+    EXPECT_EQ(now, "HIGHER ON 1 NORMAL SCALE0 ");
+    EXPECT_EQ(Text("KIND", 2) + " " + Text("VALUE", 2), "OFF 8");
     EXPECT_FALSE(setpoints.IsDirty());
+    for (const Dictionary::Entry& entry : kinds.Entries()) EXPECT_TRUE(entry.asked) << entry.key;
     Read("KIND=NOSUCH");
     EXPECT_EQ(setpoints.Item(1).Kind(), 1);
     EXPECT_EQ(report.Count(), 1u);
@@ -191,6 +203,7 @@ TEST_F(Setpoints, TheLinesOfTheSamplesComeBackAndBreakNoRule) {
     for (const char* name : {"batching-plant", "checkweigher-line", "silo", "truck-scale"}) {
         Dictionary file(ReadFile(std::string(CALYX_DATA_DIR) + "/samples/" + name + ".mrn"));
         report = {};
+        setpoints.Initialize();
         setpoints.RestoreState(file, report);
         EXPECT_TRUE(report.Empty()) << name;
         Dictionary written(setpoints.StoreState());
@@ -228,16 +241,20 @@ TEST_F(Setpoints, AChangeOfKindKeepsWhatTheLinesCanHold) {
 
 TEST_F(Setpoints, OneSetpointByItself) {
     CSetpoint one(context);
-    const auto codeOf = [](auto&& operation) {
+    std::string source;
+    const auto codeOf = [&source](auto&& operation) {
         try {
             operation();
         } catch (const Error& error) {
+            source = error.Source();
             return error.Code();
         }
         return 0;
     };
     EXPECT_EQ(codeOf([&] { static_cast<void>(one.GetTextOutput(true)); }), code::kNotInitialised);
+    EXPECT_EQ(source, "Calyx.CSetpoint.GetTextOutput");
     EXPECT_EQ(codeOf([&] { one.SetKind(2); }), code::kNotInitialised);
+    EXPECT_EQ(source, "Calyx.CSetpoint.Kind");
     EXPECT_EQ(codeOf([&] { one.Initialize(101); }), code::kOutOfRange);
     one.Initialize(7);
     EXPECT_EQ(codeOf([&] { one.SetKind(0); }), code::kOutOfRange);
@@ -275,7 +292,7 @@ TEST_F(Setpoints, ListingAndImportDefinitions) {
     EXPECT_TRUE(listing.starts_with("Setpoints\r\nSetpoint 2: Pause, Ask\r\n  Enable: ON\r\n  Access: "));
     for (const char* text : {"\r\nSetpoint 3: Rate of change\r\n  Enable: OFF\r\n", "  Trip: OUTBAND\r\n",
                              "  Sense: Normal\r\n", "\r\nSetpoint 12: Time of day, DayTotal\r\n",
-                             "  Time of day: 18:30:00\r\n", "  Duration: 00:00:10\r\n"})
+                             "  Time of day: 6:30:00 PM\r\n", "  Duration: 00:00:10\r\n"})
         EXPECT_NE(listing.find(text), std::string::npos) << text << "\n" << listing;
     EXPECT_EQ(listing.find("Setpoint 1:"), std::string::npos);
     EXPECT_NE(setpoints.GetPrintOutput(true).find("Setpoint 100: Off\r\n"), std::string::npos);
@@ -319,6 +336,8 @@ TEST_F(Setpoints, RulesBrokenBetweenThem) {
         {"KIND=PAUSE DSLOT=1", "DIGOUT#1"},
         {"KIND=PAUSE DSLOT=1 DIGOUT=4 KIND#2=PAUSE DSLOT#2=1 DIGOUT#2=4 KIND#3=PAUSE DSLOT#3=2 DIGOUT#3=4",
          "DIGOUT#2"},
+        {"KIND=CHKWEI SOURCE=1 DOVER=2", "DSLOT#1"},
+        {"KIND=DIGIN", "MASK#1"},
         {"KIND=CHKWEI SOURCE=1 DSLOT=1 DUNDER=1 DOVER=2 DACCEPT=1 KIND#2=PAUSE DSLOT#2=1 DIGOUT#2=2",
          "DACCEPT#1 DIGOUT#2"},
     };
@@ -337,11 +356,39 @@ TEST_F(Setpoints, WhatTheyNeedOfOtherSections) {
     CheckSetpointSurroundings(setpoints, {}, context.texts, rules);
     EXPECT_EQ(rules.Count(), 0u);
     const auto only = [](int there) { return [there](int number) { return number == there; }; };
-    CheckSetpointSurroundings(setpoints, {only(4), only(4), only(0)}, context.texts, rules);
+    const auto points = [](int slot) { return [slot](int of) { return of == slot ? 8 : 0; }; };
+    CheckSetpointSurroundings(setpoints, {only(4), only(4), points(0), {}}, context.texts, rules);
     EXPECT_EQ(Keys(rules), "DSLOT#1 DISLOT#3");
     rules = {};
-    CheckSetpointSurroundings(setpoints, {only(1), only(1), only(5)}, context.texts, rules);
+    CheckSetpointSurroundings(setpoints, {only(1), only(1), points(5), {}}, context.texts, rules);
     EXPECT_EQ(Keys(rules), "SOURCE#1 SOURCE#2 DISLOT#3 DISLOT#4");
+}
+
+TEST_F(Setpoints, PointsThatTheCardDoesNotHave) {
+    const SetpointSurroundings surroundings{.scaleExists = {},
+                                            .pulseInputExists = {},
+                                            .digitalPoints = [](int slot) { return slot == 0 ? 8 : 24; },
+                                            .isOutput = [](int slot, int point) { return slot == point; }};
+    const struct {
+        const char* lines;
+        const char* broken;
+    } cases[] = {
+        {"KIND=PAUSE DSLOT=1 DIGOUT=24", ""},
+        {"KIND=PAUSE DSLOT=1 DIGOUT=25", "DIGOUT#1"},
+        {"KIND=PAUSE DSLOT=NONE DIGOUT=25", ""},
+        {"KIND=CHKWEI DSLOT=2 DUNDER=1 DOVER=30 DACCEPT=24", "DOVER#1"},
+        {"KIND=DIGIN DISLOT=0 MASK=128", ""},
+        {"KIND=DIGIN DISLOT=0 MASK=256", "MASK#1"},
+        {"KIND=DINCNT DISLOT=3 MASK=16777216", "MASK#1"},
+        {"KIND=DINCNT DISLOT=3 MASK=4", "MASK#1"},  // an output
+        {"KIND=DINCNT DISLOT=3 MASK=8", ""},
+    };
+    for (const auto& one : cases) {
+        Read(one.lines);
+        CBrokenRules rules;
+        CheckSetpointSurroundings(setpoints, surroundings, context.texts, rules);
+        EXPECT_EQ(Keys(rules), one.broken) << one.lines;
+    }
 }
 
 TEST_F(Setpoints, EveryRowHasAMemberAndItsTexts) {

@@ -1,6 +1,5 @@
 #include <QLabel>
 #include <QLineEdit>
-#include <QTreeView>
 
 #include "tests/ui/main_window.h"
 
@@ -14,12 +13,10 @@ class EditingTest : public QObject {
   private slots:
     void TypingIsOneStepAndUndoGoesBackToClean();
     void UndoMovesTheViewToWhatChanged();
-    void KeptLinesAreEditedInPlace();
     void ChangesAreTakenBackOneByOne();
     void ProblemsLeadToTheirField();
     void LinesThatFollowAreNotTakenBackAlone();
     void WrongInputIsNeitherSavedNorLost();
-    void AnOpenEditorIsTakenBeforeSaving();
     void UndoWithNothingSaysWhy();
 };
 
@@ -57,20 +54,6 @@ void EditingTest::UndoMovesTheViewToWhatChanged() {
     QTRY_VERIFY(main.Find<QLineEdit>("DSPRATE")->hasFocus());
     QCOMPARE(main.Value("DSPRATE"), "200");
     QVERIFY(main.Status("statusMessage").contains("Display rate"));
-}
-
-void EditingTest::KeptLinesAreEditedInPlace() {
-    MainWindow main;
-    QVERIFY(main.Open("checkweigher-line.mrn"));
-    main.window->ShowParameter("WDGT#1");
-    QCOMPARE(main.Status("pageHeading"), "Screens");
-    auto* list = main.Find<QTreeView>("keptList");
-    QCOMPARE(list->currentIndex().data().toString(), "1,2,1,1");
-    QVERIFY(list->model()->setData(list->currentIndex(), "1,3,1,1"));
-    QCOMPARE(main.Value("WDGT#1"), "1,3,1,1");
-    main.Choose("editUndo");
-    QCOMPARE(list->currentIndex().data().toString(), "1,2,1,1");
-    QVERIFY(!main.window->isWindowModified());
 }
 
 void EditingTest::ChangesAreTakenBackOneByOne() {
@@ -161,19 +144,6 @@ void EditingTest::WrongInputIsNeitherSavedNorLost() {
     QCOMPARE(field->text(), "200");
     QVERIFY(Bytes(main.Path("a.mrn")) == saved);
     VERIFY_DIALOGS(main);
-}
-
-void EditingTest::AnOpenEditorIsTakenBeforeSaving() {
-    MainWindow main;
-    QVERIFY(main.Open("checkweigher-line.mrn"));
-    main.window->ShowParameter("WDGT#1");
-    auto* list = main.Find<QTreeView>("keptList");
-    list->edit(list->currentIndex());
-    auto* editor = list->findChild<QLineEdit*>();
-    QVERIFY(editor != nullptr);
-    editor->setText("1,3,1,1");  // and no Enter
-    QVERIFY(main.window->Files().FinishInput());
-    QCOMPARE(main.Value("WDGT#1"), "1,3,1,1");
 }
 
 void EditingTest::UndoWithNothingSaysWhy() {

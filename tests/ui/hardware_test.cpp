@@ -21,6 +21,7 @@ class HardwareTest : public QObject {
     void APortThatGoesTakesItsPageAlong();
     void StreamFormatsAreSavedLoadedAndDeleted();
     void SampleFollowsTheStream();
+    void AFieldbusCardWithoutLinesGetsThemWhenChosenAgain();
 };
 
 namespace {
@@ -116,6 +117,14 @@ void HardwareTest::StreamFormatsAreSavedLoadedAndDeleted() {
     main.Find<QAbstractButton>("cmdSaveFormat")->click();  // there is one of that name
     QVERIFY(Bytes(main.Path("streams.ini")).contains("[Score board]\r\nName=Score board\r\n"));
 
+    // The list of names is read anew when a page comes to sight.
+    QFile file(main.Path("streams.ini"));
+    QVERIFY(file.open(QIODevice::Append) && file.write("[Lobby]\r\n") > 0);
+    file.close();
+    main.window->ShowParameter("HARDWARE");
+    main.window->ShowParameter("EDP.ALIAS#1");
+    QVERIFY(main.Find<QComboBox>("savedFormats")->findText("Lobby") >= 0);
+
     main.window->ShowParameter("EDP.ALIAS#2");
     auto* names = main.window->findChildren<QComboBox*>("savedFormats").back();
     names->setCurrentText("Score board");
@@ -139,6 +148,26 @@ void HardwareTest::SampleFollowsTheStream() {
     QCOMPARE(main.Status("streamSample"), blank + QStringLiteral("12345T"));
     main.Find<QLineEdit>("sampleWeight")->setText("7");
     QCOMPARE(main.Status("streamSample"), QString(5, blank) + "7T");
+    QVERIFY(!main.Find<QLabel>("notSent")->isVisible());
+    main.window->Session().SetParameter("EDP.STREAM#1", "OFF", false);
+    QVERIFY(main.Find<QLabel>("notSent")->isVisible());
+}
+
+void HardwareTest::AFieldbusCardWithoutLinesGetsThemWhenChosenAgain() {
+    MainWindow main;
+    main.window->Session().Do("card", [](CIndicator& document) {
+        CIndicator::Taken taken = document.ChangeCard(2, 9);
+        ChangeSet gone;
+        for (const char* key : {"FB.SIZE#2", "FB.BYTESWAP#2"}) gone.Add({key, document.Value(key), {}});
+        document.Apply(gone);
+        return taken;
+    });
+    QCOMPARE(main.Value("FB.SIZE#2"), "(none)");
+    main.window->ShowParameter("HARDWARE");
+    Put(main, 2, 9);
+    QCOMPARE(main.Value("FB.SIZE#2"), "8");
+    main.Choose("editUndo");
+    QCOMPARE(main.Value("FB.SIZE#2"), "(none)");
 }
 
 QTEST_MAIN(HardwareTest)

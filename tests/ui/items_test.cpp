@@ -5,11 +5,10 @@
 #include <QPushButton>
 #include <QSpinBox>
 #include <QToolButton>
-#include <QTreeView>
 #include <map>
 
 #include "tests/ui/main_window.h"
-#include "ui/items/ctl_items_page.h"
+#include "ui/scales/ctl_scale_table.h"
 #include "ui/setpoints/ctl_trip_drawing.h"
 #include "ui/setpoints/setpoint_texts.h"
 #include "ui/setpoints/trip_picture.h"
@@ -74,10 +73,11 @@ void ItemsTest::AListOpensItsItems() {
     QTRY_VERIFY(main.Find<QLineEdit>("SC.GRADS#1")->hasFocus());
     auto* back = main.Find<QToolButton>("cmdBack");
     QTest::mouseClick(back, Qt::LeftButton);
-    auto* list = main.Find<QTreeView>("itemList");
-    QTRY_VERIFY(list->hasFocus());
-    QCOMPARE(list->model()->rowCount(), kScaleCount);
-    emit list->activated(list->model()->index(2, 0));
+    auto* table = main.window->findChild<ui::ctlScaleTable*>();
+    QTRY_VERIFY(table->Grid().hasFocus());
+    QCOMPARE(table->Grid().model()->rowCount(), kScaleCount);
+    table->GoTo(3);
+    QTest::keyClick(&table->Grid(), Qt::Key_Return);
     QTRY_VERIFY(main.Find<QComboBox>("SC.KIND#3")->hasFocus());
     QCOMPARE(main.Find<QComboBox>("SC.KIND#3")->currentText(), "Total Scale");
     // The total shows the fields that it has, and no others.

@@ -2,7 +2,10 @@
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
+#include <QRadioButton>
 #include <QTimer>
+#include <QToolButton>
 
 #include "tests/ui/main_window.h"
 #include "ui/panes/pane_list.h"
@@ -24,6 +27,8 @@ class LinkTest : public QObject {
     void ConnectingCanBeGivenUp();
     void WhatWasNotSentIsTold();
     void OldFirmwareSetsTheTarget();
+    void OtherCardsAreToldAndCanBeTakenOver();
+    void UnknownFirmwareIsTold();
     void DownloadOptionsAreKept();
     void ReadingCanBeCancelled();
     void NotInSetupModeSendsNothing();
@@ -139,6 +144,7 @@ void LinkTest::UnreachableHostIsToldInTheDialog() {
     MainWindow main;
     main.Choose("linkConnect");
     auto* dialog = main.Dialog("frmConnect");
+    dialog->findChild<QRadioButton*>("optTcp")->click();
     dialog->findChild<QLineEdit*>("txtHost")->setText("127.0.0.1");
     dialog->findChild<QLineEdit*>("txtPort")->setText(QString::number(closedPort));
     main.Press("frmConnect", "cmdConnect");
@@ -174,6 +180,7 @@ void LinkTest::ConnectingCanBeGivenUp() {
     main.app->settings.CommDelayTime = 5000;  // ms; far beyond the moment of giving up
     main.Choose("linkConnect");
     auto* dialog = main.Dialog("frmConnect");
+    dialog->findChild<QRadioButton*>("optTcp")->click();
     dialog->findChild<QLineEdit*>("txtHost")->setText("127.0.0.1");
     dialog->findChild<QLineEdit*>("txtPort")->setText(QString::number(indicator.Port()));
     QTimer::singleShot(0, dialog, [dialog] { dialog->reject(); });
@@ -230,6 +237,46 @@ void LinkTest::OldFirmwareSetsTheTarget() {
     main.Choose("linkSend");  // notices the loss and offers to connect
     QVERIFY(main.Status("statusDevice").startsWith("Not connected"));
     VERIFY_DIALOGS(main);
+}
+
+void LinkTest::OtherCardsAreToldAndCanBeTakenOver() {
+    MainWindow main;
+    QVERIFY(main.Open("truck-scale.mrn"));
+    ConnectSimulated(main);  // it has the cards of the configuration
+    main.Choose("linkDisconnect");
+    main.window->Session().Do("card", [](CIndicator& d) { return d.ChangeCard(6, card::kMemory); });
+    main.dialogs.Answer("Show the slots");
+    ConnectSimulated(main);
+    QVERIFY(main.dialogs.asked.back().text.contains("Slot 6"));
+    auto* slot = main.Find<QToolButton>("slot6");
+    QVERIFY(slot->hasFocus());
+    const auto words = [&] { return slot->findChild<QLabel*>("brings")->text(); };
+    QCOMPARE(words(), "Indicator has no card here");
+    QTest::mouseClick(slot, Qt::LeftButton);
+    auto* menu = slot->findChildren<QMenu*>("menuCards").back();
+    menu->actions().front()->trigger();  // as in the indicator
+    menu->close();
+    QCOMPARE(words(), "");
+    main.Choose("editUndo");
+    QCOMPARE(words(), "Indicator has no card here");
+    main.Choose("linkDisconnect");
+    QVERIFY(words() != "Indicator has no card here");
+    VERIFY_DIALOGS(main);
+}
+
+void LinkTest::UnknownFirmwareIsTold() {
+    MainWindow main;
+    sim::SimulatorOptions options;
+    options.version = "V3.12.01 MERRIN";
+    sim::TcpSimulator indicator(options);
+    main.Choose("linkConnect");
+    auto* dialog = main.Dialog("frmConnect");
+    dialog->findChild<QRadioButton*>("optTcp")->click();
+    dialog->findChild<QLineEdit*>("txtHost")->setText("127.0.0.1");
+    dialog->findChild<QLineEdit*>("txtPort")->setText(QString::number(indicator.Port()));
+    main.Press("frmConnect", "cmdConnect");
+    QTRY_COMPARE(main.dialogs.asked.size(), 1);
+    QCOMPARE(main.dialogs.asked.front().title, "Unknown firmware");
 }
 
 void LinkTest::DownloadOptionsAreKept() {

@@ -21,7 +21,7 @@ class ChoiceBox : public QComboBox {
 };
 
 // The words of a list by their display texts.
-class ChoiceControl final : public Control {
+class ChoiceControl : public Control {
     Q_OBJECT
 
   public:

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QString>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -21,6 +22,9 @@ struct Entry {
     State state = State::Right;
     std::string text = {};
     QString words = {};  // what is allowed, unless right
+    // Wrong, but too much to type it again: it stays when the field is left, and the document keeps what
+    // was last right.
+    bool kept = false;
 };
 
 // The editor of one kind of value: shows the document's text and reads what was entered. It knows
@@ -34,6 +38,8 @@ class Control : public QObject {
     virtual void Show(const std::string& text) = 0;
     // `leaving`: the person is done, so short forms count too (a year of two digits).
     virtual Entry Read(bool leaving) const = 0;
+    // Asked before a value goes to the document: a person may want to keep what it would clear.
+    virtual bool MayTake(const std::string& /*text*/) { return true; }
     // A sign that the value carries with it and the control does not show: "%".
     virtual QString Sign() const { return {}; }
     // Whether the value is text that can be set in bold.
@@ -43,6 +49,9 @@ class Control : public QObject {
     // `typing`: one of several strokes that belong together.
     void Edited(bool typing);
 };
+
+// Makes the control of a parameter that has one of its own; nothing: the usual one.
+using ControlMaker = std::function<std::unique_ptr<Control>(const Parameter& parameter, QWidget* parent)>;
 
 // The control for a parameter, by list and kind. `texts` outlives it.
 std::unique_ptr<Control> MakeControl(const Parameter& parameter, const ResourceTexts& texts, QWidget* parent);

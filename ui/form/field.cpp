@@ -24,7 +24,8 @@ void SetBold(QWidget* widget, bool bold) {
 
 }  // namespace
 
-Field::Field(DocumentSession& session, std::string section, std::string key, QWidget* parent)
+Field::Field(DocumentSession& session, std::string section, std::string key, QWidget* parent,
+             const ControlMaker& make)
     : session_(session),
       texts_(session.Context().texts),
       section_(std::move(section)),
@@ -36,7 +37,8 @@ Field::Field(DocumentSession& session, std::string section, std::string key, QWi
     group_ = info.more.group;
     defaultText_ = parameter.DefaultText();
     for (const KeyValue& line : parameter.Lines()) lineKeys_.push_back(line.key);
-    control_ = MakeControl(parameter, texts_, parent);
+    if (make) control_ = make(parameter, parent);
+    if (control_ == nullptr) control_ = MakeControl(parameter, texts_, parent);
     unit_ = new QLabel(ToShown(info.more.unit), parent);
     message_ = new QLabel(parent);
     caption_ = Caption(texts_, parameter);
@@ -87,6 +89,7 @@ std::optional<Parameter> Field::Find() const {
 
 void Field::Take(const Entry& entry, bool typing) {
     entry_ = entry;
+    if (entry.state == Entry::State::Right && !control_->MayTake(entry.text)) return GiveUp();
     if (entry.state == Entry::State::Right) {
         writing_ = true;
         const auto refused = session_.SetParameter(key_, entry.text, typing);
@@ -95,7 +98,7 @@ void Field::Take(const Entry& entry, bool typing) {
         // A choice has nothing to go on typing.
         if (refused && !typing) control_->Show(text_);
     }
-    if (entry_.state != Entry::State::Right) {
+    if (entry_.state != Entry::State::Right && !entry_.kept) {
         // Its beginning was right and is in the document: "500" of "50000".
         writing_ = true;
         session_.TakeBackTyping(key_);
@@ -107,7 +110,7 @@ void Field::Take(const Entry& entry, bool typing) {
 void Field::Leave() {
     if (entry_.state != Entry::State::Right) Take(control_->Read(true), true);
     session_.EndTyping();
-    GiveUp();
+    if (!entry_.kept) GiveUp();
 }
 
 void Field::Finish(QStringList& wrong) {

@@ -21,7 +21,8 @@ class Field : public QObject {
   public:
     // The widgets are children of `parent`, which a group lays out and which outlives the field. The
     // parameter exists.
-    Field(DocumentSession& session, std::string section, std::string key, QWidget* parent);
+    Field(DocumentSession& session, std::string section, std::string key, QWidget* parent,
+          const ControlMaker& make = {});
 
     Mark* MarkWidget() const { return mark_; }
     QLabel* Label() const { return label_; }

@@ -104,6 +104,7 @@ void FieldGroup::AddCheck(QGridLayout* grid, int row, int column, Field* field) 
 int FieldGroup::WidestLabel() const {
     int width = 0;
     for (const Field* field : fields_) {
+        if (!field->IsPresent()) continue;
         width = std::max(
             {width, field->Label()->sizeHint().width(), field->IsSwitch() ? BoldWidth(*field->Label()) : 0});
     }

@@ -18,7 +18,7 @@ class FieldGroup : public QWidget {
     FieldGroup(const QString& heading, std::vector<Field*> fields, QWidget* parent);
 
     bool IsCheckList() const { return checks_; }
-    int WidestLabel() const;
+    int WidestLabel() const;        // of the fields that are there
     void SetLabelWidth(int width);  // one for all groups of a page
     double Weight() const;          // its height at its fullest, in rows
 

@@ -2,6 +2,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QToolTip>
 #include <algorithm>
 
@@ -18,18 +19,19 @@ namespace calyx::ui::form {
 namespace {
 
 // Instead of the box's own menu, whose undo knows nothing of the document.
-void AddEditing(QMenu& menu, QLineEdit& line, const ResourceTexts& texts) {
+template <class Box>
+void AddEditing(QMenu& menu, Box& box, bool hasSelection, bool isEmpty, const ResourceTexts& texts) {
     const auto add = [&](int text, const QKeySequence& key, auto command) {
         QAction* action = menu.addAction(Say(texts, text));
         action->setShortcut(key);
-        QObject::connect(action, &QAction::triggered, &line, command);
+        QObject::connect(action, &QAction::triggered, &box, command);
     };
-    if (line.hasSelectedText()) {
-        add(kCut, QKeySequence::Cut, &QLineEdit::cut);
-        add(kCopy, QKeySequence::Copy, &QLineEdit::copy);
+    if (hasSelection) {
+        add(kCut, QKeySequence::Cut, &Box::cut);
+        add(kCopy, QKeySequence::Copy, &Box::copy);
     }
-    if (!QGuiApplication::clipboard()->text().isEmpty()) add(kPaste, QKeySequence::Paste, &QLineEdit::paste);
-    if (!line.text().isEmpty()) add(kSelectAll, QKeySequence::SelectAll, &QLineEdit::selectAll);
+    if (!QGuiApplication::clipboard()->text().isEmpty()) add(kPaste, QKeySequence::Paste, &Box::paste);
+    if (!isEmpty) add(kSelectAll, QKeySequence::SelectAll, &Box::selectAll);
     if (!menu.isEmpty()) menu.addSeparator();
 }
 
@@ -38,7 +40,10 @@ void AddEditing(QMenu& menu, QLineEdit& line, const ResourceTexts& texts) {
 QMenu* Field::MakeMenu() {
     auto* menu = new QMenu(ControlWidget());
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (auto* line = qobject_cast<QLineEdit*>(ControlWidget())) AddEditing(*menu, *line, texts_);
+    if (auto* line = qobject_cast<QLineEdit*>(ControlWidget()))
+        AddEditing(*menu, *line, line->hasSelectedText(), line->text().isEmpty(), texts_);
+    if (auto* text = qobject_cast<QPlainTextEdit*>(ControlWidget()))
+        AddEditing(*menu, *text, text->textCursor().hasSelection(), text->document()->isEmpty(), texts_);
     const auto add = [&](int text, void (Field::*command)()) {
         connect(menu->addAction(Say(texts_, text)), &QAction::triggered, this, command);
     };
@@ -67,7 +72,7 @@ void Field::ShowHelp() {
 void Field::ResetToDefault() {
     GiveUp();
     if (text_ == defaultText_) return Tell(Say(texts_, kIsDefault));
-    session_.SetParameter(key_, defaultText_, false);
+    if (control_->MayTake(defaultText_)) session_.SetParameter(key_, defaultText_, false);
 }
 
 void Field::Revert() {

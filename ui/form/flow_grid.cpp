@@ -81,26 +81,36 @@ int FlowGrid::ColumnCount(int width) const {
     return std::clamp((width + kColumnGap) / (column + kColumnGap), 1, kMostColumns);
 }
 
-std::vector<std::size_t> FlowGrid::Shares(std::size_t columns) const {
+std::vector<std::size_t> FlowGrid::Seen() const {
+    std::vector<std::size_t> seen;
+    for (std::size_t i = 0; i < places_.size(); ++i) {
+        if (!places_[i].item->isEmpty()) seen.push_back(i);
+    }
+    return seen;
+}
+
+std::vector<std::size_t> FlowGrid::Shares(const std::vector<std::size_t>& seen, std::size_t columns) const {
     std::vector<double> weights;
-    for (const Place& place : places_) weights.push_back(place.weight);
-    return ShareOut(weights, columns);
+    for (const std::size_t i : seen) weights.push_back(places_[i].weight);
+    std::vector<std::size_t> begins = ShareOut(weights, columns);
+    for (std::size_t& begin : begins) begin = seen[begin];
+    return begins;
 }
 
 int FlowGrid::Arrange(const QRect& rect, bool apply) const {
     const QMargins edges = contentsMargins();
     const QRect inner = rect.marginsRemoved(edges);
-    const int columns = std::min(ColumnCount(inner.width()), std::max(1, count()));
+    const std::vector<std::size_t> seen = Seen();
+    const int columns = std::min(ColumnCount(inner.width()), std::max(1, static_cast<int>(seen.size())));
     const int width = std::min(widest_, (inner.width() - (columns - 1) * kColumnGap) / columns);
-    const std::vector<std::size_t> begins = Shares(static_cast<std::size_t>(columns));
+    const std::vector<std::size_t> begins = Shares(seen, static_cast<std::size_t>(columns));
     int x = inner.left(), y = inner.top(), lowest = y;
-    for (std::size_t i = 0; i < places_.size(); ++i) {
+    for (const std::size_t i : seen) {
         if (std::find(begins.begin(), begins.end(), i) != begins.end()) {
             x += width + kColumnGap;
             y = inner.top();
         }
         QLayoutItem* item = places_[i].item;
-        if (item->isEmpty()) continue;
         const int height =
             item->hasHeightForWidth() ? item->heightForWidth(width) : item->sizeHint().height();
         if (apply) item->setGeometry(QRect(x, y, width, height));

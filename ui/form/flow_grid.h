@@ -6,8 +6,9 @@
 namespace calyx::ui::form {
 
 // Groups in one to three columns by width, each group whole, down the columns in their order, the
-// columns as even as the order allows. How groups are shared out depends on their weights and the width
-// alone, so that a group which grows or shrinks never moves another one to the next column.
+// columns as even as the order allows. How groups are shared out depends on the weights of those that are
+// seen and on the width alone, so that a group which grows or shrinks never moves another one to the next
+// column.
 class FlowGrid : public QLayout {
   public:
     // Widths of a column, in pixels. `widest`: beyond it space stays free on the right.
@@ -34,7 +35,8 @@ class FlowGrid : public QLayout {
         double weight;
     };
     int ColumnCount(int width) const;
-    std::vector<std::size_t> Shares(std::size_t columns) const;
+    std::vector<std::size_t> Seen() const;  // places of the groups that are not hidden
+    std::vector<std::size_t> Shares(const std::vector<std::size_t>& seen, std::size_t columns) const;
     int Arrange(const QRect& rect, bool apply) const;
     int NarrowestColumn() const;
 

@@ -22,11 +22,11 @@ constexpr int kWidestColumn = 600;
 }
 
 FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, const QString& reservedLetters,
-                   const std::vector<std::string>& leftOut)
+                   const std::vector<std::string>& leftOut, const ControlMaker& make)
     : QScrollArea(parent), session_(session), item_(std::move(item)) {
     setFrameShape(QFrame::NoFrame);
     setWidgetResizable(true);
-    Build(reservedLetters, leftOut);
+    Build(reservedLetters, leftOut, make);
     Refresh();
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(Stale::Changed); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(Stale::Changed); });
@@ -36,7 +36,8 @@ FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, cons
 // The fields go before their widgets, which tell of their own end.
 FormPage::~FormPage() = default;
 
-void FormPage::Build(const QString& reservedLetters, const std::vector<std::string>& leftOut) {
+void FormPage::Build(const QString& reservedLetters, const std::vector<std::string>& leftOut,
+                     const ControlMaker& make) {
     auto* content = new QWidget;
     auto* grid = new FlowGrid(content, kWidestColumn);
     // The marks stand in the edge.
@@ -46,7 +47,8 @@ void FormPage::Build(const QString& reservedLetters, const std::vector<std::stri
     for (const std::string& key : FormKeys(session_.Document(), item_)) {
         const auto parameter = FindParameter(session_.Document(), item_.section, key);
         if (std::find(leftOut.begin(), leftOut.end(), parameter->Info().stem) != leftOut.end()) continue;
-        auto& field = fields_.emplace_back(std::make_unique<Field>(session_, item_.section, key, content));
+        auto& field =
+            fields_.emplace_back(std::make_unique<Field>(session_, item_.section, key, content, make));
         connect(field.get(), &Field::Focused, this, &FormPage::KeyFocused);
         connect(field.get(), &Field::ShowInLines, this, &FormPage::ShowInLines);
         const auto group = std::find_if(groups.begin(), groups.end(),
@@ -70,15 +72,10 @@ void FormPage::Build(const QString& reservedLetters, const std::vector<std::stri
         inOrder[i]->SetCaption(marked[static_cast<qsizetype>(i)]);
         if (i > 0) setTabOrder(inOrder[i - 1]->ControlWidget(), inOrder[i]->ControlWidget());
     }
-    int labels = 0;
     for (const auto& [number, fields] : groups) {
         auto* group = new FieldGroup(Say(session_.Context().texts, number), fields, content);
-        if (!group->IsCheckList()) labels = std::max(labels, group->WidestLabel());
-        groups_.emplace_back(group, fields);
-    }
-    for (const auto& [group, fields] : groups_) {
-        group->SetLabelWidth(labels);
         grid->AddGroup(group, group->Weight());
+        groups_.emplace_back(group, fields);
     }
     setWidget(content);
     setFocusPolicy(Qt::NoFocus);
@@ -98,6 +95,17 @@ void FormPage::Refresh() {
     for (const auto& [group, fields] : groups_) {
         group->setVisible(std::any_of(fields.begin(), fields.end(), [](Field* f) { return f->IsPresent(); }));
     }
+    AlignLabels();
+}
+
+// As wide as the labels that are there need; those of another kind of item may be longer.
+void FormPage::AlignLabels() {
+    int labels = 0;
+    for (const auto& [group, fields] : groups_) {
+        if (!group->IsCheckList()) labels = std::max(labels, group->WidestLabel());
+    }
+    if (std::exchange(labelWidth_, labels) == labels) return;
+    for (const auto& [group, fields] : groups_) group->SetLabelWidth(labels);
 }
 
 void FormPage::showEvent(QShowEvent* event) {

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "ui/document_session.h"
+#include "ui/form/control.h"
 #include "ui/form/item_ref.h"
 
 namespace calyx::ui {
@@ -27,9 +28,10 @@ class FormPage : public QScrollArea {
     // Letters that the main menu uses; no field gets them.
     static inline const QString kMenuLetters = QStringLiteral("FEVITH");
 
-    // `leftOut`: stems of rows that are edited elsewhere.
+    // `leftOut`: stems of rows that are edited elsewhere. `make`: for controls of their own.
     FormPage(DocumentSession& session, ItemRef item, QWidget* parent = nullptr,
-             const QString& reservedLetters = kMenuLetters, const std::vector<std::string>& leftOut = {});
+             const QString& reservedLetters = kMenuLetters, const std::vector<std::string>& leftOut = {},
+             const form::ControlMaker& make = {});
     ~FormPage() override;
 
     // Scrolls to the field, gives it the focus and lights it up. A line of several that one field holds
@@ -49,15 +51,18 @@ class FormPage : public QScrollArea {
   private:
     enum class Stale { No, Changed, Replaced };  // what a page out of sight has not followed yet
 
-    void Build(const QString& reservedLetters, const std::vector<std::string>& leftOut);
+    void Build(const QString& reservedLetters, const std::vector<std::string>& leftOut,
+               const form::ControlMaker& make);
     void Follow(Stale what);
     void Refresh();
+    void AlignLabels();
 
     DocumentSession& session_;
     ItemRef item_;
     std::vector<std::unique_ptr<form::Field>> fields_;
     std::vector<std::pair<form::FieldGroup*, std::vector<form::Field*>>> groups_;
     std::set<std::string> differing_;  // in capitals
+    int labelWidth_ = 0;
     Stale stale_ = Stale::Replaced;
 };
 

@@ -1,5 +1,6 @@
 #include "ui/hardware/ctl_hardware.h"
 
+#include <QActionGroup>
 #include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
@@ -9,8 +10,10 @@
 #include <QVBoxLayout>
 
 #include "ui/dialogs/dialogs.h"
+#include "ui/hardware/hardware_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
+#include "ui/theme/icons.h"
 #include "ui/theme/metrics.h"
 #include "ui/theme/theme.h"
 
@@ -57,7 +60,8 @@ ctlHardware::ctlHardware(DocumentSession& session, const PageTools& tools)
 QWidget* ctlHardware::MakeBoard() {
     const ResourceTexts& texts = session_.Context().texts;
     auto* frame = new QFrame;
-    frame->setFrameShape(QFrame::StyledPanel);
+    frame->setFrameStyle(static_cast<int>(QFrame::Box) | static_cast<int>(QFrame::Plain));
+    frame->setForegroundRole(role::kBorder);
     auto* name = new QLabel(Say(texts, say::kMainBoard));
     name->setFont(StrongFont());
     auto* brings = new QLabel(Say(texts, say::kMainBoardBrings));
@@ -98,7 +102,10 @@ QWidget* ctlHardware::MakeSlot(int slot) {
     row->setSpacing(metrics::kRelated);
     row->addWidget(number);
     row->addLayout(words, 1);
-    for (QLabel* label : {number, name, brings}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
+    auto* mark = new QLabel;
+    mark->setObjectName(QStringLiteral("mark"));
+    row->addWidget(mark);
+    for (QLabel* label : {number, name, brings, mark}) label->setAttribute(Qt::WA_TransparentForMouseEvents);
     slots_[static_cast<std::size_t>(slot - 1)] = button;
     return button;
 }
@@ -133,13 +140,28 @@ void ctlHardware::Refresh() {
         name->setText(card);
         name->setFont(card::IsEmpty(code) ? TextFont(TextSize::Body) : StrongFont());
         name->setForegroundRole(card::IsEmpty(code) ? role::kQuietText : role::kText);
-        const QString brings = card::IsEmpty(code) ? QString() : Brings(slot, code);
+        const bool differs = hardware.DiffersFromLive(slot);
+        const QString brings = WordsBelow(slot);
         auto* bringsLabel = button->findChild<QLabel*>(QStringLiteral("brings"));
         bringsLabel->setText(brings);
+        bringsLabel->setForegroundRole(differs ? role::kProblem : role::kQuietText);
         bringsLabel->setVisible(!brings.isEmpty());
+        auto* mark = button->findChild<QLabel*>(QStringLiteral("mark"));
+        mark->setVisible(differs);
+        mark->setPixmap(Icon(IconName::Differs).pixmap(metrics::kIconSmall));
         button->setAccessibleName(Say(texts, say::kSlotName, QString::number(slot), card));
         button->setAccessibleDescription(QStringLiteral("HARDWARE. ") + brings);
     }
+}
+
+// Below the card's name: what it brings, or what the connected indicator has there instead.
+QString ctlHardware::WordsBelow(int slot) const {
+    const ResourceTexts& texts = session_.Context().texts;
+    const CHardware& hardware = std::as_const(session_).Document().Hardware();
+    const std::int32_t code = hardware.CardType(slot), live = hardware.LiveCardType(slot);
+    if (!hardware.DiffersFromLive(slot)) return card::IsEmpty(code) ? QString() : Brings(slot, code);
+    return card::IsEmpty(live) ? Say(texts, hardware_text::kIndicatorHasNone)
+                               : Say(texts, hardware_text::kIndicatorHas, Say(texts, card::Name(live)));
 }
 
 void ctlHardware::Offer(int slot) {
@@ -154,6 +176,14 @@ void ctlHardware::Offer(int slot) {
                 this, [this, key] { emit ParameterWanted(key); });
         menu->addSeparator();
     }
+    const CHardware& hardware = std::as_const(session_).Document().Hardware();
+    if (hardware.DiffersFromLive(slot)) {
+        const std::int32_t live = hardware.LiveCardType(slot);
+        connect(menu->addAction(Say(texts, hardware_text::kAsIndicator, Say(texts, card::Name(live)))),
+                &QAction::triggered, this, [this, slot, live] { Change(slot, live); });
+        menu->addSeparator();
+    }
+    auto* cards = new QActionGroup(menu);  // one of them at a time
     for (const std::int32_t code : kOffered) {
         const bool take = card::IsEmpty(code);
         if (take && card::IsEmpty(present)) continue;
@@ -161,6 +191,7 @@ void ctlHardware::Offer(int slot) {
             menu->addAction(take ? Say(texts, say::kTakeCardOut) : Say(texts, card::Name(code)));
         action->setData(code);
         action->setCheckable(!take);
+        if (!take) cards->addAction(action);
         action->setChecked(code == present);
         connect(action, &QAction::triggered, this, [this, slot, code] { Change(slot, code); });
     }
@@ -176,11 +207,25 @@ QString ctlHardware::FirstKey(int slot) const {
             return QStringLiteral("ALG.ALIAS#%1").arg(slot);
         case card::kDigitalIO:
             return QStringLiteral("DIO.1#%1").arg(slot);
+        case card::kMemory:
+            return FirstTableKey(slot);
         default:
             return std::as_const(session_).Document().FieldbusCards().Exists(slot)
                        ? QStringLiteral("FB.SIZE#%1").arg(slot)
                        : QString();
     }
+}
+
+// Of the first database table; empty while the card has none.
+QString ctlHardware::FirstTableKey(int slot) const {
+    const CMemoryCard& memory = std::as_const(session_).Document().Hardware().MemoryCard(slot);
+    const std::vector<int> tables = memory.Schemas();
+    return tables.empty() ? QString() : KeyText(memory.Schema(tables.front()).Parameters().Key(0));
+}
+
+// A fieldbus card of a file may be without its lines; choosing it again adds them.
+bool ctlHardware::LacksSettings(int slot, std::int32_t code) const {
+    return card::IsFieldbus(code) && !std::as_const(session_).Document().FieldbusCards().Exists(slot);
 }
 
 // Whether what the present card brought may go. Untouched defaults go without a question.
@@ -210,8 +255,8 @@ bool ctlHardware::MayDrop(int slot, std::int32_t code) {
 
 void ctlHardware::Change(int slot, std::int32_t code) {
     const std::int32_t present = std::as_const(session_).Document().Hardware().CardType(slot);
-    if (code == present || (card::IsEmpty(code) && card::IsEmpty(present)) || !MayDrop(slot, code))
-        return Refresh();
+    const bool same = code == present || (card::IsEmpty(code) && card::IsEmpty(present));
+    if ((same && !LacksSettings(slot, code)) || (!same && !MayDrop(slot, code))) return Refresh();
     const ResourceTexts& texts = session_.Context().texts;
     const std::string name =
         texts.Format(say::kCardStep,
@@ -220,8 +265,16 @@ void ctlHardware::Change(int slot, std::int32_t code) {
 }
 
 bool ctlHardware::FocusKey(const QString& key) {
+    const CHardware& hardware = std::as_const(session_).Document().Hardware();
+    if (const auto table = SchemaKey::Of(KeyBytes(key)); table && hardware.HasMemoryCard(table->slot)) {
+        slots_[static_cast<std::size_t>(table->slot - 1)]->setFocus();
+        return true;
+    }
     if (key.compare(QLatin1String("HARDWARE"), Qt::CaseInsensitive) != 0) return false;
-    slots_.front()->setFocus();
+    // The first slot that wants something done.
+    int slot = 1;
+    while (slot < card::kSlots && !hardware.DiffersFromLive(slot)) ++slot;
+    slots_[hardware.DiffersFromLive(slot) ? static_cast<std::size_t>(slot - 1) : 0]->setFocus();
     return true;
 }
 

@@ -41,7 +41,10 @@ class ctlHardware : public QScrollArea {
     void Change(int slot, std::int32_t code);
     bool MayDrop(int slot, std::int32_t code);
     QString Brings(int slot, std::int32_t code) const;
+    QString WordsBelow(int slot) const;
     QString FirstKey(int slot) const;  // of what the slot's card brings
+    QString FirstTableKey(int slot) const;
+    bool LacksSettings(int slot, std::int32_t code) const;
 
     DocumentSession& session_;
     const PageTools& tools_;

@@ -1,7 +1,6 @@
 #include "ui/hardware/ctl_port.h"
 
 #include <QComboBox>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -10,6 +9,7 @@
 
 #include "ui/dialogs/dialogs.h"
 #include "ui/form/form_page.h"
+#include "ui/hardware/hardware_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/theme/metrics.h"
@@ -52,6 +52,7 @@ ctlPort::ctlPort(DocumentSession& session, const ItemRef& port, const PageTools&
       saved_(session.Context(), tools.streamsFile),
       form_(MakePage(session, port)),
       sample_(new QLabel),
+      notSent_(new QLabel),
       weight_(new QLineEdit(QStringLiteral("1234.5"))),
       mode_(new QComboBox),
       state_(new QComboBox),
@@ -64,7 +65,6 @@ ctlPort::ctlPort(DocumentSession& session, const ItemRef& port, const PageTools&
     setFocusProxy(form_);
     connect(&session_, &DocumentSession::Changed, this, &ctlPort::ShowSample);
     connect(&session_, &DocumentSession::Replaced, this, &ctlPort::ShowSample);
-    FillNames();
     ShowSample();
 }
 
@@ -120,12 +120,20 @@ QWidget* ctlPort::MakeStreamBar() {
     second->addWidget(button(say::kSaveFormat, "cmdSaveFormat", &ctlPort::SaveFormat));
     second->addWidget(button(say::kDeleteFormat, "cmdDeleteFormat", &ctlPort::DeleteFormat));
     second->addStretch(1);
-    auto* bar = new QFrame;
-    bar->setFrameShape(QFrame::StyledPanel);
+    auto* rule = new QWidget;
+    rule->setFixedHeight(1);
+    rule->setAutoFillBackground(true);
+    rule->setBackgroundRole(role::kDivider);
+    auto* bar = new QWidget;
     auto* rows = new QVBoxLayout(bar);
-    rows->setContentsMargins(metrics::kPageEdge, metrics::kRelated, metrics::kPageEdge, metrics::kRelated);
+    rows->setContentsMargins(metrics::kPageEdge, 0, metrics::kPageEdge, metrics::kRelated);
     rows->setSpacing(metrics::kRelated);
+    rows->addWidget(rule);
+    notSent_->setObjectName(QStringLiteral("notSent"));
+    notSent_->setForegroundRole(role::kQuietText);
+    notSent_->setWordWrap(true);
     rows->addLayout(first);
+    rows->addWidget(notSent_);
     rows->addLayout(second);
     return bar;
 }
@@ -152,8 +160,29 @@ void ctlPort::ShowSample() {
         fresh.Initialize(port_);
         usual = fresh.Values();
     }
+    ShowWhetherSent();
     sample_->setText(Pictures(StreamSample(own ? Stream() : usual, weight)));
     sample_->setToolTip(Say(session_.Context().texts, own ? say::kSampleOwn : say::kSampleUsual));
+}
+
+// The sample is of what would be sent; whether it is sent at all stands beside it.
+void ctlPort::ShowWhetherSent() {
+    const ResourceTexts& texts = session_.Context().texts;
+    const CCommPort& port = std::as_const(session_).Document().Hardware().CommPort(port_);
+    const PortFields& fields = port.Values();
+    const std::string* input = port.InputTypes().Item(port.InputType());
+    const bool sends = fields.CanStream() && fields.Streams();
+    if (!sends)
+        notSent_->setText(fields.CanStream() ? Say(texts, hardware_text::kNothingSent)
+                                             : Say(texts, hardware_text::kCannotStream,
+                                                   Shown(input == nullptr ? port.InputType() : *input)));
+    notSent_->setVisible(!sends);
+    sample_->setForegroundRole(sends ? role::kText : role::kQuietText);
+}
+
+void ctlPort::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    FillNames();  // another port's page, or another program, may have saved some
 }
 
 void ctlPort::FillNames() {

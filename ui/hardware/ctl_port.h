@@ -24,9 +24,13 @@ class ctlPort : public QWidget {
 
     FormPage* Form() const { return form_; }
 
+  protected:
+    void showEvent(QShowEvent* event) override;
+
   private:
     QWidget* MakeStreamBar();
     void ShowSample();
+    void ShowWhetherSent();
     void FillNames();
     void LoadFormat();
     void SaveFormat();
@@ -41,6 +45,7 @@ class ctlPort : public QWidget {
     SavedStreams saved_;
     FormPage* form_;
     QLabel* sample_;
+    QLabel* notSent_;
     QLineEdit* weight_;
     QComboBox *mode_, *state_, *names_;
 };

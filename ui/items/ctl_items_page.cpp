@@ -175,6 +175,12 @@ void ctlItemsPage::Open(const ItemRef& item) {
     emit ItemShown(opened_);
 }
 
+std::optional<ItemRef> ctlItemsPage::Current() const {
+    if (opened_) return opened_;
+    const QModelIndex chosen = view_->currentIndex();
+    return chosen.isValid() ? std::optional(model_->At(chosen.row())) : std::nullopt;
+}
+
 void ctlItemsPage::ShowPlace(int row) {
     title_->setText(model_->TitleAt(row));
     previous_->setEnabled(row > 0);

@@ -34,6 +34,7 @@ class ctlItemsPage : public QWidget {
     void SetDiffering(const std::set<std::string>& keys);
     void Open(const ItemRef& item);
     const std::optional<ItemRef>& Opened() const { return opened_; }
+    std::optional<ItemRef> Current() const;  // opened, or chosen in the list
 
   signals:
     void ItemShown(const std::optional<calyx::ui::ItemRef>& item);  // nothing: the list

@@ -9,11 +9,14 @@ class QLabel;
 class QLineEdit;
 class QProgressBar;
 class QPushButton;
+class QRadioButton;
 
 namespace calyx::ui {
 
-// Connects to an indicator over TCP or to the simulated one. Stays open until that has succeeded or the
-// user leaves; accepted when connected.
+class ctlSerial;
+
+// Connects to an indicator over a serial line or TCP, or to the simulated one. Stays open until that has
+// succeeded or the user leaves; accepted when connected. What was chosen is kept in the settings.
 class frmConnect : public QDialog {
     Q_OBJECT
 
@@ -23,23 +26,33 @@ class frmConnect : public QDialog {
     void reject() override;
 
   private:
-    void ConnectTcp();
+    void MakeControls();
+    QWidget* MakeTcp();
+    void MakeLayout();
+    void Connect();
     void ConnectSimulated();
+    void Detect();
+    void EndOfDetection(bool found, const LinkSettings& wire);
+    void ShowTried(const QString& tried);
+    bool Take(LinkSettings& wire);
     template <class Open>
     void Try(const QString& where, Open&& open);
-    void SetConnecting(bool on);
-    void ShowNote(const QString& words, bool problem);
+    void ShowWay();
+    void SetWorking(bool on);
+    void Say(const QString& words, bool problem);
+    QString Text(int number) const;
 
     AppContext& app_;
     LinkDesk& desk_;
+    QRadioButton *serialWay_, *tcpWay_;
+    ctlSerial* serial_;
+    QWidget* tcp_ = nullptr;
     QLineEdit* host_;
     QLineEdit* port_;
-    QPushButton* connect_;
-    QPushButton* simulated_;
-    QPushButton* cancel_;
+    QPushButton *connect_, *simulated_, *cancel_;
     QProgressBar* progress_;
     QLabel* note_;
-    bool connecting_ = false;
+    bool working_ = false;
 };
 
 }  // namespace calyx::ui

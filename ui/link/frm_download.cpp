@@ -249,6 +249,8 @@ void frmDownload::cmdStart_Click() {
     const DownloadReport report = Run(options);
     cmdClose_->setFocus();
     txtCurrentCommand_->clear();
+    // Stays to be read when the box that told it is closed.
+    if (!report.reason.empty()) lblStatus_->setText(Shown(report.status + "\n" + report.reason));
     KeepAccepted(report);
     emit Ended(report);
     if (!report.failed.empty()) ShowDownloadErrors(report);

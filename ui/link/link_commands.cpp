@@ -9,6 +9,7 @@
 #include "ui/link/frm_connect.h"
 #include "ui/link/frm_download.h"
 #include "ui/link/frm_upload.h"
+#include "ui/link/link_ui_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -19,6 +20,8 @@ LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileComman
     : app_(app), session_(session), files_(files), dialogs_(dialogs), desk_(desk), window_(window) {
     connect(&session_, &DocumentSession::Replaced, this, &LinkCommands::ForgetSent);
     connect(&desk_, &LinkDesk::Opened, this, &LinkCommands::ForgetSent);
+    connect(&desk_, &LinkDesk::DeviceChanged, this,
+            [this] { session_.TakeLiveCards(desk_.Connected() ? desk_.LiveCards() : std::string()); });
 }
 
 void LinkCommands::ForgetSent() {
@@ -58,8 +61,34 @@ void LinkCommands::Connect() {
 
 void LinkCommands::OpenConnectDialog(std::function<void()> next) {
     auto* dialog = new frmConnect(app_, desk_, window_);
-    if (next) connect(dialog, &QDialog::accepted, this, next, Qt::QueuedConnection);
+    const auto connected = [this, next = std::move(next)] {
+        AfterConnect();
+        if (next) next();
+    };
+    connect(dialog, &QDialog::accepted, this, connected, Qt::QueuedConnection);
     dialog->open();
+}
+
+// What is to be known of an indicator before anything is sent to it.
+void LinkCommands::AfterConnect() {
+    const ResourceTexts& texts = app_.model.texts;
+    const TargetVersion& target = app_.model.target;
+    if (VersionBit(target.prefix) == kUnknownVersion && !target.cb2) {
+        Tell(dialogs_, texts, window_, Tone::Warning, Text(link_ui_text::kUnknownVersionTitle),
+             Say(texts, link_ui_text::kUnknownVersion, desk_.Identification()));
+    }
+    QStringList differing;
+    for (const BrokenRule& rule : session_.Document().ValidateLiveHardware("HARDWARE=" + desk_.LiveCards()))
+        differing += Shown(rule.text);
+    if (desk_.LiveCards().empty() || differing.isEmpty()) return;
+    for (const QString& finding : differing) emit Logged(finding);
+    const int answer =
+        dialogs_.Ask(window_, {Tone::Warning,
+                               Text(link_ui_text::kCardsDifferTitle),
+                               Say(texts, link_ui_text::kCardsDiffer, differing.join(QLatin1Char('\n'))),
+                               {},
+                               {Text(link_ui_text::kShowSlots), Text(say::kNotNow)}});
+    if (answer == 0) emit Chosen(QStringLiteral("HARDWARE"));
 }
 
 void LinkCommands::ConnectSimulated() {
@@ -68,8 +97,9 @@ void LinkCommands::ConnectSimulated() {
         if (desk_.Connected()) desk_.Close();
         desk_.OpenSimulated();
     } catch (const Error& error) {
-        Fail(error);
+        return Fail(error);
     }
+    AfterConnect();
 }
 
 void LinkCommands::Disconnect() {
@@ -117,6 +147,8 @@ void LinkCommands::EndOfDownload(const DownloadReport& report, const std::vector
     }
     emit Logged(Say(app_.model.texts, say::kLogDownload, QString::number(report.accepted),
                     QString::number(report.total), QString::number(report.failed.size())));
+    if (!report.reason.empty())
+        emit Logged(Say(app_.model.texts, link_ui_text::kLogReason, Shown(report.reason)));
     std::set<std::string> parameters;  // lines of a program file look alike and are none
     for (const KeyValue& line : SentLines(session_.Document(), app_.model.target.Gated())) {
         parameters.insert(Upper(line.key));
@@ -204,7 +236,7 @@ std::optional<UploadReport> LinkCommands::FetchDump() {
     progress.StartElapsed();
     UploadReport report;
     try {
-        report = Upload(desk_.Link(), app_.model.target, texts, progress);
+        report = Upload(desk_.Link(), app_.model, progress);
         progress.Status(texts.Text(say::kOpening));
         progress.Finish();
     } catch (const Error& error) {

@@ -48,11 +48,12 @@ class LinkCommands : public QObject {
     void SentChanged();
     void CheckWanted();
     void Compared(const std::set<std::string>& differing);  // keys, in capitals
-    void Chosen(const QString& key);                        // in a list of differences
+    void Chosen(const QString& key);                        // in a list of differences or of cards
 
   private:
     bool Free();
     void OpenConnectDialog(std::function<void()> next);
+    void AfterConnect();
     void WithConnection(const std::function<void()>& next);
     void SendNow();
     void ReadNow();

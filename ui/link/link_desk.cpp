@@ -3,7 +3,9 @@
 #include <QScopeGuard>
 
 #include "comm/transport_factory.h"
+#include "model/language/change_set.h"
 #include "model/language/text.h"
+#include "ui/link/link_ui_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -30,21 +32,44 @@ LinkDesk::~LinkDesk() {
     link_->RemoveObserver(*this);
 }
 
-void LinkDesk::Open(const std::string& host, std::uint16_t port) {
-    settings_.Use(host, port, false);
+void LinkDesk::Open(const LinkSettings& wire) {
+    settings_.Use(wire, false);
     OpenLink();
+}
+
+void LinkDesk::Open(const std::string& host, std::uint16_t port) {
+    LinkSettings wire = users_.Load();
+    wire.method = comm_method::kTcp;
+    wire.host = host;
+    wire.tcpPort = port;
+    Open(wire);
+}
+
+bool LinkDesk::Detect(LinkSettings& wire) {
+    const Use use(*this);
+    giveUp_ = false;
+    app_.cancel = false;
+    settings_.Use(wire, false);
+    if (!link_->AutoDetect()) return false;
+    wire = settings_.Load();
+    return true;
 }
 
 void LinkDesk::OpenSimulated() {
     if (!simulator_) {
         try {
-            simulator_ = std::make_unique<sim::TcpSimulator>(sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string()});
+            simulator_ = std::make_unique<sim::TcpSimulator>(
+                sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string()});
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.LinkDesk.OpenSimulated",
                         app_.model.texts.Format(say::kSimulatorFailed, {failure.what()}));
         }
     }
-    settings_.Use("127.0.0.1", simulator_->Port(), true);
+    LinkSettings wire;
+    wire.method = comm_method::kTcp;
+    wire.host = "127.0.0.1";
+    wire.tcpPort = simulator_->Port();
+    settings_.Use(wire, true);
     OpenLink();
 }
 
@@ -59,6 +84,8 @@ void LinkDesk::OpenLink() {
     });
     link_->Connect();
     identification_ = ShownValue(Identify());
+    NeedBusOff();
+    AskForCards();
     connected_ = true;
     where_ = Simulated() ? Say(app_.model.texts, say::kWhereSimulated) : Address();
     emit Logged(Say(app_.model.texts, say::kLogIdentified, identification_));
@@ -73,6 +100,23 @@ std::string LinkDesk::Identify() {
     const ResourceTexts& texts = app_.model.texts;
     throw Error(code::kLink, "Calyx.LinkDesk.Open",
                 giveUp_ ? texts.Text(say::kGivenUp) : texts.Format(code::kLink, {Utf8(Address())}));
+}
+
+// With the bus on, the indicator answers a lone CR and would take every line of ours for an order to print.
+void LinkDesk::NeedBusOff() {
+    if (link_->CheckForBusEnabled())
+        throw Error(code::kLink, "Calyx.CIndicatorComm.CheckForBusEnabled",
+                    app_.model.texts.Text(link_ui_text::kBusEnabled));
+}
+
+// Firmware that has no such line refuses it; then nothing is known of the cards.
+void LinkDesk::AskForCards() {
+    liveCards_.clear();
+    const std::string reply = link_->GetData("HARDWARE\r").value_or(std::string());
+    for (const KeyValue& line : ReadLines(reply)) {
+        if (EqualNoCase(line.key, "HARDWARE")) liveCards_ = line.value;
+    }
+    if (giveUp_) throw Error(code::kLink, "Calyx.LinkDesk.Open", app_.model.texts.Text(say::kGivenUp));
 }
 
 // While another error is on its way.
@@ -99,6 +143,7 @@ void LinkDesk::Close() {
 
 QString LinkDesk::Address() {
     const LinkSettings settings = settings_.Load();
+    if (settings.method != comm_method::kTcp) return Shown(link_->Where());
     return Shown(settings.host) + QLatin1Char(':') + QString::number(settings.tcpPort);
 }
 
@@ -113,7 +158,8 @@ void LinkDesk::DisconnectedFromIndicator() {
     emit DeviceChanged();
 }
 
-void LinkDesk::AutoDetecting(const std::string&, bool& cancel) {
+void LinkDesk::AutoDetecting(const std::string& tried, bool& cancel) {
+    emit Detecting(Shown(tried));
     cancel |= giveUp_;
 }
 

@@ -26,7 +26,15 @@ class LinkDesk : public QObject, private ILinkEvents {
 
     // Connects, reads the version and lets the target version follow it. Raise 12801; then the link is
     // closed.
+    void Open(const LinkSettings& wire);
     void Open(const std::string& host, std::uint16_t port);
+    // Looks for the settings of the serial line, which are then in `wire`. False: none was answered, the
+    // indicator streams (Link().IsStreaming()) or it was given up. 12801 when the port does not open.
+    bool Detect(LinkSettings& wire);
+    bool GivenUp() const { return giveUp_; }
+    // The user's settings for the next connection.
+    LinkSettings Settings() { return users_.Load(); }
+    void KeepSettings(const LinkSettings& chosen) { users_.Keep(chosen); }
     void OpenSimulated();  // starts the simulated indicator if need be; it keeps what it holds
     // The cards that a simulated indicator has when it is made, as the value of the line HARDWARE.
     void SetCards(std::function<std::string()> cards) { cards_ = std::move(cards); }
@@ -38,6 +46,8 @@ class LinkDesk : public QObject, private ILinkEvents {
     bool Connected() const { return connected_ && link_->Connected(); }
     bool Simulated() const { return settings_.Simulated(); }
     const QString& Identification() const { return identification_; }  // "V3.10.02 MERRIN"
+    // What the indicator says of its cards, as the value of the line HARDWARE; empty: it does not say.
+    const std::string& LiveCards() const { return liveCards_; }
     const QString& Where() const { return where_; }  // "10.0.0.9:10001", "the simulated indicator"
     CIndicatorComm& Link() { return *link_; }
     sim::TcpSimulator* Simulator() { return simulator_.get(); }  // nothing until it was used
@@ -56,13 +66,16 @@ class LinkDesk : public QObject, private ILinkEvents {
     bool Busy() const { return uses_ > 0; }
 
   signals:
-    void Opened();  // another connection
+    void Opened();                       // another connection
+    void Detecting(const QString& tried);  // "9600,E,7,1", on every poll while it is tried
     void DeviceChanged();
     void Logged(const QString& line);
 
   private:
     void OpenLink();
     std::string Identify();
+    void NeedBusOff();
+    void AskForCards();
     void CloseQuietly();
     QString Address();
 
@@ -82,6 +95,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     std::unique_ptr<CIndicatorComm> link_;
     std::unique_ptr<sim::TcpSimulator> simulator_;
     QString identification_, where_;
+    std::string liveCards_;
     bool connected_ = false;
     bool giveUp_ = false;
     int uses_ = 0;

@@ -43,6 +43,10 @@ QString ctlReport::Became(const ReadNote& note) const {
         case Kind::TextLine:
             return Say(texts, say::kNoteText);
         case Kind::UnknownKey:
+            for (const Section* section : std::as_const(session_).Document().Sections()) {
+                if (section->Name() == note.section)
+                    return Say(texts, say::kNoteNotThere, Say(texts, section->Title()));
+            }
             return Say(texts, say::kNoteUnknown);
         case Kind::DuplicateKey:
             return Say(texts, say::kNoteDuplicate);

@@ -1,5 +1,6 @@
 #include "ui/scales/ctl_scale_source.h"
 
+#include <QCoreApplication>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -10,7 +11,6 @@
 #include <utility>
 
 #include "ui/form/choice_controls.h"
-#include "ui/scales/help_key.h"
 #include "ui/scales/scale_texts.h"
 #include "ui/scales/wrap_layout.h"
 #include "ui/text.h"
@@ -33,8 +33,9 @@ QString Plain(QString words) {  // no mnemonics
 
 ctlScaleSource::ctlScaleSource(DocumentSession& session, int scale, QWidget* parent)
     : QWidget(parent), session_(session), scale_(scale), line_(new QHBoxLayout(this)) {
-    setObjectName(QStringLiteral("SC.SRC#%1").arg(scale));
     line_->setContentsMargins(0, 0, 0, 0);
+    connect(&session_, &DocumentSession::Changed, this, &ctlScaleSource::Follow);
+    connect(&session_, &DocumentSession::Replaced, this, &ctlScaleSource::Follow);
     Refresh();
 }
 
@@ -42,16 +43,18 @@ const CScale& ctlScaleSource::Scale() const {
     return std::as_const(session_).Document().Scales().Scale(scale_);
 }
 
-void ctlScaleSource::Describe(const QString& tip, const QString& description) {
-    tip_ = tip;
-    description_ = description;
-    for (QWidget* control : controls_) {
-        if (control->toolTip().isEmpty()) control->setToolTip(tip);
-        control->setAccessibleDescription(description);
-    }
+void ctlScaleSource::Follow() {
+    stale_ = true;
+    if (isVisible()) Refresh();
+}
+
+void ctlScaleSource::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    if (stale_) Refresh();
 }
 
 void ctlScaleSource::Refresh() {
+    stale_ = false;
     const CIndicator& document = std::as_const(session_).Document();
     Shows shows{Scale().ScaleType(), PresentSources(document, scale_), OfferedSources(document, scale_)};
     if (content_ != nullptr && shows == shown_) return;
@@ -72,7 +75,6 @@ void ctlScaleSource::Refresh() {
     line_->addWidget(content_, 1);
     Build();
     content_->show();
-    Describe(tip_, description_);
     if (controls_.empty()) return;
     setFocusProxy(controls_.back());
     if (hadFocus) controls_[atEnd ? controls_.size() - 1 : std::min(place, controls_.size() - 1)]->setFocus();
@@ -192,10 +194,13 @@ void ctlScaleSource::Take(const std::vector<std::int32_t>& sources) {
 }
 
 bool ctlScaleSource::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::FocusIn) emit Focused();
-    if (TakeHelpKey(event, PlainCaption(ui::Say(Texts(), say::kScaleSource)), tip_,
-                    static_cast<QWidget*>(watched)))
-        return true;
+    auto* control = static_cast<QWidget*>(watched);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) {
+        control->setAccessibleDescription(accessibleDescription());
+        QFocusEvent own(event->type(), static_cast<QFocusEvent*>(event)->reason());
+        QCoreApplication::sendEvent(this, &own);
+    }
+    if (event->type() == QEvent::ToolTip && control->toolTip().isEmpty()) control->setToolTip(toolTip());
     if (event->type() == QEvent::KeyPress) {
         const int key = static_cast<QKeyEvent*>(event)->key();
         auto* chip = qobject_cast<QToolButton*>(watched);

@@ -13,25 +13,26 @@ namespace calyx::ui {
 
 // The editor of a scale's source, as its kind has it: chips that are removed by a click, Enter or Delete
 // and a button that adds one; a choice where there is one source; words where there is nothing to choose.
-// Its object name is the key of the line.
+// It follows the document by itself. Its tool tip and its accessible description are those of whatever stands
+// in it, and events of these that are not theirs reach it as they would reach a single control: the focus,
+// F1, the menu.
 class ctlScaleSource : public QWidget {
     Q_OBJECT
 
   public:
     ctlScaleSource(DocumentSession& session, int scale, QWidget* parent);
 
-    void Refresh();  // after every change of the document
-    // For the tool tips and screen readers of whatever stands there.
-    void Describe(const QString& tip, const QString& description);
+    void Refresh();
 
   signals:
-    void Focused();
     void ParameterWanted(const QString& key);
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void showEvent(QShowEvent* event) override;
 
   private:
+    void Follow();
     struct Shows {
         std::int32_t kind = 0;
         std::vector<SourceChoice> present, offered;
@@ -44,7 +45,7 @@ class ctlScaleSource : public QWidget {
     void BuildNoPort();
     QToolButton* MakeChip(const SourceChoice& source);
     void Say(int text);
-    void Adopt(QWidget* control);  // into the line, the focus and the descriptions
+    void Adopt(QWidget* control);  // into the line and the focus
     void OfferMore(QToolButton* button);
     void Take(const std::vector<std::int32_t>& sources);
     void Remove(std::int32_t source);
@@ -57,7 +58,7 @@ class ctlScaleSource : public QWidget {
     QHBoxLayout* line_;
     QWidget* content_ = nullptr;
     std::vector<QWidget*> controls_;  // those that take the focus, in their order
-    QString tip_, description_;
+    bool stale_ = false;
 };
 
 }  // namespace calyx::ui

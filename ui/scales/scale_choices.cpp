@@ -173,10 +173,7 @@ QStringList LostByKind(const CIndicator& document, int scale, std::int32_t kind)
     RowItem<ScaleFields> fresh = now, next = now;
     ChangeKind(fresh.fields, now.fields.kind);
     ChangeKind(next.fields, kind);
-    if (kind == kNone) {  // its line would not be written
-        fresh.fields.alias = {};
-        next.fields.alias = {};
-    }
+    if (kind == kNone) fresh.fields.alias = {};  // goes with the kind and is no value that it starts with
     QStringList lost;
     for (std::size_t row = 0; row < now.RowCount(); ++row) {
         const std::string before = now.Text(row), after = next.Text(row);

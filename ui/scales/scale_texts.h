@@ -4,7 +4,6 @@
 namespace calyx::ui::say {
 
 inline constexpr int kScaleKind = 20800;
-inline constexpr int kScaleSource = 20801;
 inline constexpr int kKindTitle = 20802;
 inline constexpr int kKindClears = 20803;   // {1} scale, {2} kind, {3} what goes
 inline constexpr int kKindNoScale = 20804;  // {1} scale, {2} what goes
@@ -33,5 +32,19 @@ inline constexpr int kChooseKindFirst = 20828;
 inline constexpr int kByProgram = 20829;
 inline constexpr int kNothingToAdd = 20830;
 inline constexpr int kAddCard = 20831;
+
+// The table.
+inline constexpr int kScaleTableName = 40160;
+inline constexpr int kScaleColumns[] = {40121, 40122, 40123, 40124, 40161, 40162};
+inline constexpr int kChannels = 40163;      // {1} numbers
+inline constexpr int kScales = 40164;        // {1} numbers
+inline constexpr int kScalesCopied = 40165;  // {1} how many
+inline constexpr int kScalesPasted = 40166;  // {1} how many, {2} first number
+inline constexpr int kScalesNoRoom = 40167;  // {1} how many, {2} first number
+inline constexpr int kNoScaleCopied = 40168;
+inline constexpr int kScaleLinesOdd = 40169;    // {1} lines
+inline constexpr int kClearScaleStep = 40170;   // {1} number
+inline constexpr int kClearScalesStep = 40171;  // {1} how many
+inline constexpr int kNoScaleToClear = 40172;
 
 }  // namespace calyx::ui::say

@@ -1,18 +1,14 @@
 #pragma once
 
 #include <QWidget>
-#include <string>
-#include <vector>
 
-#include "model/language/change_set.h"
 #include "ui/window/page_factory.h"
 
 class QLabel;
-class QPushButton;
-class QSpinBox;
 
 namespace calyx::ui {
 
+class ctlSetpointBar;
 class ctlTripDrawing;
 class FormPage;
 
@@ -34,28 +30,16 @@ class ctlSetpoint : public QWidget {
 
   private:
     QWidget* MakeHeader();
-    QWidget* MakeBar();
-    QPushButton* MakeButton(int text, int tip, const char* name, void (ctlSetpoint::*act)());
     void Follow();
     void Refresh();
-    void ShowTarget();
-    void Duplicate();
-    void Move();
-    void Clear();
-    int FirstFree() const;  // behind this one, else from the beginning; this one when all are in use
-    bool IsFree(int number) const;
-    QString InUse(int number) const;
-    bool Apply(const std::vector<Change>& changes, int name, int other);
     const CSetpoints& All() const;
     const ResourceTexts& Texts() const { return session_.Context().texts; }
 
     DocumentSession& session_;
     int number_;
-    const PageTools& tools_;
     QLabel* sentence_;
     ctlTripDrawing* drawing_;
-    QSpinBox* target_;
-    QLabel* targetState_;
+    ctlSetpointBar* bar_;
     FormPage* form_;
     bool stale_ = false;
 };

@@ -104,29 +104,38 @@ class Pen {
     QPainterPath path_;
 };
 
-QColor ColourOf(IconName name, QIcon::Mode mode) {
-    const QPalette palette = QApplication::palette();
-    if (mode == QIcon::Selected) return palette.color(role::kOnAccent);
-    if (mode == QIcon::Disabled) return palette.color(role::kQuietText);
-    if (name == IconName::Problem) return palette.color(role::kProblem);
-    if (name == IconName::Changed || name == IconName::Differs) return palette.color(role::kAccent);
-    return palette.color(role::kIcon);
+QPalette::ColorRole RoleOf(IconName name) {
+    if (name == IconName::Problem) return role::kProblem;
+    return name == IconName::Changed || name == IconName::Differs ? role::kAccent : role::kIcon;
+}
+
+QPixmap StrokePixmap(std::string_view strokes, int size, qreal ratio, const QColor& colour) {
+    const int pixels = qRound(size * ratio);
+    QPixmap picture(pixels, pixels);
+    picture.fill(Qt::transparent);
+    QPainter painter(&picture);
+    painter.setRenderHint(QPainter::Antialiasing);
+    DrawStrokes(painter, {0, 0}, pixels, colour, strokes);
+    painter.end();
+    picture.setDevicePixelRatio(ratio);
+    return picture;
 }
 
 class Engine : public QIconEngine {
   public:
-    Engine(IconName name, int size) : name_(name), size_(size) {}
+    Engine(std::string_view strokes, QPalette::ColorRole colour, int size)
+        : strokes_(strokes), colour_(colour), size_(size) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State) override {
         const qreal ratio = painter->device()->devicePixelRatioF();
         const int side = std::min(rect.width(), rect.height());
-        const QPixmap picture = IconPixmap(name_, side, ratio, ColourOf(name_, mode));
+        const QPixmap picture = StrokePixmap(strokes_, side, ratio, Colour(mode));
         painter->drawPixmap(rect.x() + (rect.width() - side) / 2, rect.y() + (rect.height() - side) / 2,
                             picture);
     }
     QPixmap scaledPixmap(const QSize& size, QIcon::Mode mode, QIcon::State, qreal) override {
         // The size is in device pixels already.
-        return IconPixmap(name_, std::min(size.width(), size.height()), 1, ColourOf(name_, mode));
+        return StrokePixmap(strokes_, std::min(size.width(), size.height()), 1, Colour(mode));
     }
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
         return scaledPixmap(size, mode, state, 1);
@@ -139,26 +148,34 @@ class Engine : public QIconEngine {
     QIconEngine* clone() const override { return new Engine(*this); }
 
   private:
-    IconName name_;
+    QColor Colour(QIcon::Mode mode) const {
+        const QPalette palette = QApplication::palette();
+        if (mode == QIcon::Selected) return palette.color(role::kOnAccent);
+        return palette.color(mode == QIcon::Disabled ? role::kQuietText : colour_);
+    }
+
+    std::string_view strokes_;
+    QPalette::ColorRole colour_;
     int size_;
 };
 
 }  // namespace
 
 QIcon Icon(IconName name, int size) {
-    return QIcon(new Engine(name, size));
+    return QIcon(new Engine(IconStrokes(name), RoleOf(name), size));
 }
 
 QPixmap IconPixmap(IconName name, int size, qreal ratio, const QColor& colour) {
-    const int pixels = qRound(size * ratio);
-    QPixmap picture(pixels, pixels);
-    picture.fill(Qt::transparent);
-    QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    Pen(painter, {0, 0}, pixels, colour).Draw(IconStrokes(name));
-    painter.end();
-    picture.setDevicePixelRatio(ratio);
-    return picture;
+    return StrokePixmap(IconStrokes(name), size, ratio, colour);
+}
+
+QIcon StrokeIcon(std::string_view strokes, int size) {
+    return QIcon(new Engine(strokes, role::kIcon, size));
+}
+
+void DrawStrokes(QPainter& painter, QPointF corner, double side, const QColor& colour,
+                 std::string_view strokes) {
+    Pen(painter, corner, side, colour).Draw(strokes);
 }
 
 }  // namespace calyx::ui

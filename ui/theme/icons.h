@@ -3,6 +3,9 @@
 #include <QColor>
 #include <QIcon>
 #include <QPixmap>
+#include <string_view>
+
+class QPainter;
 
 namespace calyx::ui {
 
@@ -11,7 +14,7 @@ enum class IconName {
     New, Open, Save, Undo, Redo, Connect, Send, Read, Compare, Find,         // commands
     Problem, Changed, Differs,                                               // marks on a field
     General, Hardware, Ports, Scales, Setpoints, Tickets, Screens, Prompts,  // sections
-    Boxes, Fieldbus, Custom,
+    Boxes, Fieldbus, Custom, SoftKeys, Lock, Database,
     Info, Question, Close, Calendar, Previous, Next,
 };
 // clang-format on
@@ -24,5 +27,11 @@ QIcon Icon(IconName name, int size = 16);
 
 // One picture in one colour. `size` in device-independent pixels.
 QPixmap IconPixmap(IconName name, int size, qreal ratio, const QColor& colour);
+
+// The same for pictures of a page's own, given by their strokes (icon_shapes.h), which outlive the icon.
+QIcon StrokeIcon(std::string_view strokes, int size = 16);
+// Draws strokes in a square of that side.
+void DrawStrokes(QPainter& painter, QPointF corner, double side, const QColor& colour,
+                 std::string_view strokes);
 
 }  // namespace calyx::ui

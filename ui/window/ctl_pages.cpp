@@ -51,6 +51,12 @@ bool ctlPages::FocusKey(const QString& key) {
     return place_ != nullptr && PageOf(*place_).focusKey(key);
 }
 
+std::optional<ItemRef> ctlPages::ShownItem() {
+    if (place_ == nullptr) return std::nullopt;
+    const Page& page = PageOf(*place_);
+    return page.shownItem ? page.shownItem() : std::nullopt;
+}
+
 void ctlPages::FocusPage() {
     QWidget* page = stack_->currentWidget();
     if (page == nullptr) return;

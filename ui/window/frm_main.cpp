@@ -35,7 +35,11 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
       navigation_(new ctlNavigation(app.model.texts, app.settings)),
       pages_(
           new ctlPages(session_, {[this](const Question& question) { return dialogs_.Ask(this, question); },
-                                  app.folders.userData + "streams.ini"})),
+                                  app.folders.userData + "streams.ini",
+                                  [this](const FileQuestion& question) {
+                                      return dialogs_.AskOpenFile(this, question);
+                                  },
+                                  &app.settings, app.ticketTokens})),
       lines_(new ctlLines(session_)),
       panes_(new ctlPanes(session_)),
       find_(new ctlFind(session_, this)),
@@ -123,6 +127,7 @@ void frmMain::ConnectCommands() {
     on(actions_->editUndo, [this] { Undo(); });
     on(actions_->editRedo, [this] { Redo(); });
     on(actions_->editFind, [this] { find_->Begin(); });
+    on(actions_->editDefaults, [this] { RestoreShown(); });
     on(actions_->viewPrevious, [this] { navigation_->Step(-1); });
     on(actions_->viewNext, [this] { navigation_->Step(1); });
     on(actions_->linkConnect, [this] { link_.Connect(); });

@@ -66,6 +66,7 @@ class frmMain : public QMainWindow {
     void SetLook(const QString& word);
     void Undo();
     void Redo();
+    void RestoreShown();
     void Check();
     void ShowHelpContents();
     void About();

@@ -12,6 +12,8 @@
 #include "app/version.h"
 #include "ui/dialogs/frm_keyboard.h"
 #include "ui/dialogs/frm_parameters.h"
+#include "ui/items/items_texts.h"
+#include "ui/items/restore_defaults.h"
 #include "ui/link/frm_compare.h"
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -80,6 +82,15 @@ void frmMain::Undo() {
     session_.Undo();
     ShowSteps();
     status_->ShowMessage(Say(app_.model.texts, say::kUndone, Shown(*name)));
+}
+
+// What is being typed goes in before it is judged what would be lost.
+void frmMain::RestoreShown() {
+    if (!files_.FinishInput()) return;
+    const auto item = pages_->ShownItem();
+    if (!item) return status_->ShowMessage(Text(items_text::kNoItemShown));
+    RestoreDefaults(
+        session_, [this](const Question& question) { return dialogs_.Ask(this, question); }, *item);
 }
 
 void frmMain::Redo() {

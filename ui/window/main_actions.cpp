@@ -4,6 +4,7 @@
 #include <QMenu>
 #include <QToolButton>
 
+#include "ui/items/items_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -25,6 +26,7 @@ MainActions::MainActions(const ResourceTexts& texts, QObject* parent)
     editRedo->setShortcuts({Keys(QStringLiteral("Ctrl+Y")), Keys(QStringLiteral("Ctrl+Shift+Z"))});
     editFind = Make("editFind", say::kFind, {}, IconName::Find);
     editFind->setShortcuts({Keys(QStringLiteral("Ctrl+K")), Keys(QStringLiteral("Ctrl+F"))});
+    editDefaults = Make("editDefaults", items_text::kMenuRestore, Keys(QStringLiteral("Ctrl+Shift+D")));
     viewToolBar = MakeToggle("viewToolBar", say::kToolBar);
     viewStatusBar = MakeToggle("viewStatusBar", say::kStatusBar);
     viewLines = MakeToggle("viewLines", say::kLinesPane);
@@ -107,6 +109,8 @@ void MainActions::MakeMenus(QMenuBar& bar) {
     edit->addActions({editUndo, editRedo});
     edit->addSeparator();
     edit->addAction(editFind);
+    edit->addSeparator();
+    edit->addAction(editDefaults);
 
     QMenu* view = AddMenu(bar, say::kMenuView, "menuView");
     view->addActions({viewPrevious, viewNext});

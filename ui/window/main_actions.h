@@ -27,7 +27,7 @@ class MainActions : public QObject {
     const QList<QAction*>& All() const { return all_; }
 
     QAction *fileNew, *fileOpen, *fileSave, *fileSaveAs, *fileSaveCopy, *filePrint, *fileImport, *fileExit;
-    QAction *editUndo, *editRedo, *editFind;
+    QAction *editUndo, *editRedo, *editFind, *editDefaults;
     QAction *viewToolBar, *viewStatusBar, *viewLines, *viewPanes, *viewPrevious, *viewNext;
     QAction *linkConnect, *linkSimulated, *linkDisconnect, *linkSend, *linkRead, *linkCompare;
     QAction* toolsCheck;

@@ -6,6 +6,8 @@
 #include <set>
 #include <string>
 
+#include "app/settings.h"
+#include "model/tickets/ticket_tokens.h"
 #include "ui/dialogs/dialogs.h"
 #include "ui/document_session.h"
 #include "ui/form/item_ref.h"
@@ -19,12 +21,17 @@ struct Page {
     std::function<bool(const QString& key)> focusKey;  // false: the page has no such field
     // Keys that differ from what the indicator holds; empty: not compared.
     std::function<void(const std::set<std::string>& keys)> setDiffering;
+    // The item that the page shows, or whose row is chosen.
+    std::function<std::optional<ItemRef>()> shownItem = {};
 };
 
 // What a page needs of the program. Outlives the pages.
 struct PageTools {
-    std::function<int(const Question& question)> ask;  // place of the button
-    std::string streamsFile;                           // where stream formats are saved
+    std::function<int(const Question& question)> ask;                       // place of the button
+    std::string streamsFile;                                                // where stream formats are saved
+    std::function<QString(const FileQuestion& question)> askOpenFile = {};  // empty: cancelled
+    Settings* settings = nullptr;                                           // preferences of pages
+    TicketTokens ticketTokens = {};                                         // that the ticket editor offers
 };
 
 // What a page asks of the window.

@@ -4,6 +4,8 @@
 #include <array>
 
 #include "model/language/text.h"
+#include "ui/database/database_texts.h"
+#include "ui/prompts/prompts_texts.h"
 #include "ui/texts.h"
 
 namespace calyx::ui {
@@ -12,6 +14,9 @@ namespace {
 
 using namespace std::string_view_literals;
 
+constexpr std::array kDatabaseKeys{"DB."sv};
+constexpr std::array kSoftKeys{"SOFTKEY"sv};
+constexpr std::array kIndustrialKeys{"INDMODE."sv};
 constexpr std::array kPortKeys{"EDP."sv, "STR."sv};
 constexpr std::array kPortKinds{4100};
 constexpr std::array kPortColumns{"ALIAS"sv, "INPUT"sv, "BAUD"sv, "STREAM"sv, "SOURCE"sv};
@@ -19,7 +24,6 @@ constexpr std::array kAnalogKeys{"ALG."sv};
 constexpr std::array kAnalogKinds{4510};
 constexpr std::array kAnalogColumns{"ALIAS"sv, "SOURCE"sv, "MODE"sv, "MIN"sv, "MAX"sv};
 constexpr std::array kDigitalKeys{"DIO."sv};
-constexpr std::array kDigitalKinds{4515, 4516};
 constexpr std::array kScaleKinds{3100};
 constexpr std::array kScaleColumns{"ALIAS"sv, "KIND"sv, "SRC"sv, "PRI.UNITS"sv, "GRADS"sv};
 constexpr std::array kBoxKinds{8100};
@@ -41,7 +45,7 @@ constexpr Place kConfiguration[] = {
     {"general", 2100, IconName::General},
     {"hardware", 2121, IconName::Hardware, {}, {}, {}, 0, PlaceLook::Board},
     {"hardware", say::kPorts, IconName::Ports, kPortKeys, kPortKinds, kPortColumns},
-    {"hardware", say::kDigital, IconName::Ports, kDigitalKeys, kDigitalKinds},
+    {"hardware", say::kDigital, IconName::Ports, kDigitalKeys, {}, {}, 0, PlaceLook::DigitalPoints},
 };
 constexpr Place kWeighing[] = {
     {"scales", 2122, IconName::Scales, {}, kScaleKinds, kScaleColumns},
@@ -56,6 +60,9 @@ constexpr Place kOutput[] = {
 };
 constexpr Place kOperator[] = {
     {"prompts", 2120, IconName::Prompts},
+    {"general", prompts_text::kSoftKeys, IconName::SoftKeys, kSoftKeys, {}, {}, 0, PlaceLook::SoftKeys},
+    {"general", prompts_text::kIndustrialMode, IconName::Lock, kIndustrialKeys},
+    {"hardware", database_text::kTitle, IconName::Database, kDatabaseKeys, {}, {}, 0, PlaceLook::Database},
     {"customparms", 2126, IconName::Custom},
 };
 constexpr PlaceGroup kGroups[] = {

@@ -10,7 +10,7 @@
 namespace calyx::ui {
 
 // How a place is shown, where its items do not say it.
-enum class PlaceLook { Rows, Board };
+enum class PlaceLook { Rows, Board, DigitalPoints, SoftKeys, Database };
 
 // A place in the navigation: a section, or the part of it whose keys begin with one of the starts.
 struct Place {

@@ -1,0 +1,188 @@
+// Serial lines over pseudo-terminals of this machine: settings, detection, addresses, whole downloads.
+
+#include "comm/serial/port_settings.h"
+
+#include "comm/download.h"
+#include "comm/stream_simulator.h"
+#include "comm/transport_factory.h"
+#include "comm/upload.h"
+#include "sim/pty_simulator.h"
+#include "tests/comm/scripted_link.h"
+
+namespace calyx::test {
+namespace {
+
+struct SerialLink {
+    TestContext context{CALYX_DATA_DIR};
+    SteadyClock clock;
+    TransportFactory factory{context.texts, clock};
+    MemorySettings store;
+    CancelFlag cancel{false};
+    Recorder events;
+    std::unique_ptr<CIndicatorComm> link;
+
+    SerialLink(const std::string& port, const std::string& settings, int method = 0) {
+        const auto fields = Split(settings, ',');
+        store.settings.method = method;
+        store.settings.port = port;
+        store.settings.baud = fields[0];
+        store.settings.parity = fields[1];
+        store.settings.dataBits = fields[2];
+        store.settings.stopBits = fields[3];
+        store.settings.delayMs = 25;
+        link = std::make_unique<CIndicatorComm>(LinkParts{factory, clock, store, context.texts, cancel, {}});
+        link->AddObserver(events);
+    }
+};
+
+TEST(PortSettings, AreReadStrictly) {
+    using enum PortSettings::Parity;
+    EXPECT_EQ(ReadPortSettings("9600,N,8,1"), (PortSettings{9600, None, 8, 1}));
+    EXPECT_EQ(ReadPortSettings(" 57600 , even , 7 , 2 "), (PortSettings{57600, Even, 7, 2}));
+    EXPECT_EQ(ReadPortSettings("300,O,7,1")->parity, Odd);
+    for (const auto* wrong :
+         {"", "9600", "9600,8,N,1", "9600,N,9,1", "9600,N,8,3", "0,N,8,1", "9600,X,8,1", "1e4,N,8,1"})
+        EXPECT_FALSE(ReadPortSettings(wrong)) << wrong;
+}
+
+TEST(Serial, ADownloadComesBackByUpload) {
+    sim::PtySimulator simulator({}, {.settings = "115200,N,8,1"});
+    SerialLink test(simulator.Path(), "115200,N,8,1");
+    test.link->Connect();
+    EXPECT_EQ(test.link->ReadVersion(test.context.target), "V3.10.02 MERRIN");
+    EXPECT_EQ(test.store.stores, 1);
+    EXPECT_EQ(test.events.told.back(), simulator.Path() + ":115200,N,8,1");
+    CIndicator document(test.context);
+    document.LoadText(ReadFile(std::string(CALYX_DATA_DIR) + "/samples/truck-scale.mrn"), "sample");
+    IDownloadEvents quiet;
+    CDownload download(*test.link, test.cancel, quiet);
+    const DownloadReport sent = download.Run(document, {}, test.context.target.Gated());
+    EXPECT_EQ(sent.accepted, sent.total);
+    IUploadEvents silent;
+    EXPECT_EQ(Upload(*test.link, test.context, silent).text, simulator.Snapshot().dump);
+    EXPECT_FALSE(test.link->CheckForBusEnabled());
+    test.link->Disconnect();
+    EXPECT_EQ(test.events.told.back(), "disconnected");
+}
+
+TEST(Serial, OnlyTheRightRateAndParityAreUnderstood) {
+    for (const auto* set : {"19200,N,8,1", "19200,O,7,1"}) {
+        sim::PtySimulator simulator({}, {.settings = set});
+        for (const auto* tried : {"19200,N,8,1", "19200,E,7,1", "19200,O,7,1"}) {
+            SerialLink test(simulator.Path(), tried);
+            test.store.settings.searchText = "merrin";
+            const bool fits = std::string_view(set) == tried;
+            try {
+                test.link->Connect();
+                EXPECT_TRUE(fits) << set << " by " << tried;
+            } catch (const Error& error) {
+                EXPECT_FALSE(fits) << set << " by " << tried << ": " << error.Description();
+                EXPECT_EQ(error.Code(), code::kLink);
+            }
+        }
+    }
+}
+
+TEST(Serial, DetectionFindsTheSettingsAndKeepsThem) {
+    sim::PtySimulator simulator({}, {.settings = "9600,O,7,1"});
+    SerialLink test(simulator.Path(), "300,N,8,1");
+    ASSERT_TRUE(test.link->AutoDetect());
+    EXPECT_EQ(test.events.tried, (std::vector<std::string>{"9600,E,7,1", "9600,O,7,1"}));
+    EXPECT_FALSE(test.link->Connected());
+    EXPECT_EQ(test.link->CurrentSettings(), "9600,O,7,1");
+    EXPECT_EQ(test.store.settings.baud, "9600");
+    EXPECT_EQ(test.link->CommMethod(), 0);
+    test.link->Connect();  // with what was found
+    EXPECT_TRUE(test.link->Connected());
+    EXPECT_TRUE(test.link->CheckCommMethod());
+
+    // Stored settings first: no other pair is tried.
+    SerialLink again(simulator.Path(), "9600,O,7,1", comm_method::kDetect);
+    test.link->Disconnect();
+    again.store.settings.storedFirst = true;
+    again.link->Connect();
+    EXPECT_EQ(again.events.tried, std::vector<std::string>{"9600,O,7,1"});
+}
+
+TEST(Serial, EveryAddressGoesThroughEightBits) {
+    for (const int address : {3, 10, 13, 17, 255}) {
+        SCOPED_TRACE(address);
+        sim::PtySimulator simulator({.address = address}, {.settings = "38400,N,8,1"});
+        SerialLink test(simulator.Path(), "38400,N,8,1", comm_method::kAddressed);
+        test.store.settings.address = address;
+        test.link->SetAddress(address);
+        test.link->Connect();
+        EXPECT_EQ(test.link->Send("UID=BUS", 2000).attempts, 1);
+        EXPECT_EQ(test.link->GetData("UID"), "UID=BUS\r");
+    }
+}
+
+TEST(Serial, StreamingIsFoundAndDetectionEnds) {
+    sim::PtySimulator simulator({.faults = {"stream:20"}}, {.settings = "9600,N,8,1"});
+    SerialLink test(simulator.Path(), "9600,N,8,1");
+    EXPECT_TRUE(test.link->CheckForStreaming());
+    EXPECT_FALSE(test.link->AutoDetect());
+    EXPECT_TRUE(test.link->IsStreaming());
+    EXPECT_EQ(test.events.Count("streaming"), 1u);
+    EXPECT_TRUE(test.events.tried.empty());
+}
+
+TEST(Serial, WhatCannotBeOpenedIsSaidInWords) {
+    sim::PtySimulator simulator({}, {.settings = "9600,N,8,1"});
+    SerialLink holds(simulator.Path(), "9600,N,8,1");
+    holds.link->Connect();
+    struct Case {
+        std::string port, settings;
+        int text;
+    };
+    const Case cases[] = {{"no-such-port", "9600,N,8,1", 9601},
+                          {simulator.Path(), "9600,N,8,1", 9619},  // in use
+                          {simulator.Path(), "9600,N,9,1", 9613}};
+    for (const Case& c : cases) {
+        SerialLink test(c.port, c.settings);
+        const Error error = Raised([&] { test.link->Connect(); });
+        EXPECT_EQ(error.Code(), code::kLink);
+        const std::string text = test.context.texts.Text(c.text);
+        EXPECT_EQ(error.Description().substr(error.Description().size() - 20), text.substr(text.size() - 20));
+        EXPECT_FALSE(test.link->Connected());
+    }
+}
+
+// The other end of the line is pulled out while an answer is awaited.
+TEST(Serial, ALineThatEndsIsLost) {
+    auto simulator = std::make_unique<sim::PtySimulator>(sim::SimulatorOptions{});
+    SerialLink test(simulator->Path(), "9600,N,8,1");
+    test.link->Connect();
+    simulator.reset();
+    EXPECT_EQ(test.link->Send("UID=1", 5000).result, SendResult::Lost);
+    EXPECT_FALSE(test.link->Connected());
+}
+
+TEST(StreamSimulator, SendsItsWeightsInTurn) {
+    ScriptedLink test;
+    std::string written;
+    test.wire.device = [&](Wire&, const std::string& line) { written += line + "|"; };
+    StreamSimulator simulator(test.factory, test.wire.clock);
+    StreamFields stream;
+    stream.format = "<P><W7.><CR>";
+    simulator.Set(stream, {{.value = 10}, {.value = 20}});
+    simulator.Start("COM7", "9600,N,8,1", 100);
+    EXPECT_EQ(test.wire.opened.back(), "9600,N,8,1");
+    const std::string first = simulator.Poll();
+    EXPECT_FALSE(first.empty());
+    EXPECT_EQ(simulator.Poll(), "");  // not due yet
+    EXPECT_EQ(simulator.UntilNext(), 100);
+    test.wire.clock.now += 100;
+    const std::string second = simulator.Poll();
+    EXPECT_NE(first, second);
+    test.wire.clock.now += 1000;  // missed ones are not made up for
+    EXPECT_EQ(simulator.Poll(), first);
+    EXPECT_EQ(simulator.Poll(), "");
+    test.wire.open = false;
+    test.wire.clock.now += 1000;
+    EXPECT_EQ(simulator.Poll(), "");
+    EXPECT_FALSE(simulator.IsRunning());
+}
+
+}  // namespace
+}  // namespace calyx::test
