@@ -48,7 +48,7 @@ class Set final : public Command {
         if (some) document.Save(output_.value_or(file_), false);
         std::vector<std::string> keys;
         for (const KeyValue& line : lines) keys.push_back(line.key);
-        auto lost = document.NotKept(keys);
+        auto lost = NotKept(before, document, keys);
         std::move(lost.begin(), lost.end(), std::back_inserter(refused));
 
         ListDifferences(program, taken.changes, before, document);

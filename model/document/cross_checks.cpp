@@ -160,7 +160,7 @@ void CrossCheck(const CIndicator& document, CBrokenRules& rules) {
     CheckSetpointSurroundings(
         document.Setpoints(),
         {.scaleExists = scaleExists,
-         .pulseInputExists = {},  // the main board has some, too
+         .pulseInputExists = [](int input) { return input >= 1; },  // the main board has some, too
          .digitalPoints =
              [&](int slot) {
                  return hardware.HasDigitalIO(slot) ? hardware.DigitalIO(slot).NumberOfPoints() : 0;

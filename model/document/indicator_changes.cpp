@@ -129,7 +129,7 @@ void CIndicator::FollowFieldbusCards(std::vector<Change>& changes) const {
     for (const Change& change : changes) {
         if (!EqualNoCase(change.key, "HARDWARE") || !change.after) continue;
         SlotFields wanted;
-        if (kSlotTable.rows[0].take(wanted, *change.after) == calyx::Taken::Not) continue;
+        if (kSlotTable.rows[0].take(wanted, *change.after) != calyx::Taken::Whole) continue;
         for (int slot = 1; slot <= card::kSlots; ++slot) {
             const bool was = card::IsFieldbus(Hardware().CardType(slot));
             const bool is = card::IsFieldbus(wanted.codes[static_cast<std::size_t>(slot - 1)]);

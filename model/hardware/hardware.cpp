@@ -123,7 +123,9 @@ void CHardware::Prepare(std::vector<Change>& changes, Check check, const ValueOf
         if (!EqualNoCase(change.key, kHardware)) continue;
         SlotFields wanted = slots_.fields;
         const std::string text = change.after.value_or(slots_.InitialText(0));
-        if (kSlotTable.rows[0].take(wanted, text) == Taken::Not) continue;
+        const Taken taken = kSlotTable.rows[0].take(wanted, text);
+        // What is going to be refused changes no card.
+        if (taken == Taken::Not || (taken != Taken::Whole && check == Check::Strict)) continue;
         for (int slot = 1; slot <= card::kSlots; ++slot) {
             if (wanted.codes[Place(slot)] != CardType(slot)) SetCard(slot, wanted.codes[Place(slot)]);
         }

@@ -15,9 +15,10 @@ constexpr int kZeroToken = 4403;       // {1} token
 constexpr int kNoTrim = 4405;          // a calibration count is zero
 constexpr int kCannotStream = 4404;    // {1} input type, {2} stream type
 constexpr int kStreamOff = 4409;
-constexpr int kNoSuchCard = 4410;  // {1} slot, {2} code
-constexpr int kEmptyRange = 4406;  // minimum and maximum are equal
-constexpr int kNamedOff = 4407;    // {1} point, {2} alias
+constexpr int kNoStreamLines = 4411;  // {1} input type
+constexpr int kNoSuchCard = 4410;     // {1} slot, {2} code
+constexpr int kEmptyRange = 4406;     // minimum and maximum are equal
+constexpr int kNamedOff = 4407;       // {1} point, {2} alias
 
 }  // namespace
 
@@ -51,7 +52,9 @@ void CHardware::ValidateCommPorts(CBrokenRules& rules) const {
         if (!fields.CanStream() && fields.Streams()) {
             add("EDP.INPUT#",
                 texts.Format(kCannotStream, {fields.inputType.Trimmed(), fields.streamType.Trimmed()}));
-        } else if (fields.CanStream() && !fields.Streams() && set) {
+        } else if (!fields.CanStream() && set) {
+            add("EDP.INPUT#", texts.Format(kNoStreamLines, {fields.inputType.Trimmed()}));
+        } else if (!fields.Streams() && set) {
             add("EDP.STREAM#", texts.Text(kStreamOff));
         }
         // The line of this token is never read back.

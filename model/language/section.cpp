@@ -94,6 +94,10 @@ class Merge {
 
     void Add(std::size_t row, const Change& change, Section::Check check, std::vector<Refusal>& refused) {
         std::string value = change.after ? *change.after : item_.InitialText(row);
+        // Words of older firmware are taken wherever lines are.
+        const auto older = item_.Info(row).more.older;
+        if (older != nullptr && check != Section::Check::None && item_.List(row) != nullptr)
+            value = std::string(older(value, *item_.List(row)));
         if (check == Section::Check::Lenient) {
             const std::string initial = item_.InitialText(row);
             value = detail::CheckList(item_.Info(row), item_.List(row), value, initial).text;

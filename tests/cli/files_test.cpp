@@ -75,6 +75,20 @@ TEST_F(Files, SetTakesThousandsOfArgumentsAndLinesOfAFile) {
               "UID=8\nTRUCK=MODE2\nSP.VALUE#100=100\nSP.BATCH#100=ON\n");
 }
 
+TEST_F(Files, ValuesThatLoseTheirLineAreTold) {
+    ASSERT_EQ(Run("set ~a.mrn SP.KIND#1=GROSS SP.HYSTER#1=5 EDP.BAUD#1=19200").code, 0);
+    Expect({{"set ~a.mrn SP.TRIP#1=INBAND", 1, "", "SP.HYSTER#1 is not kept"},
+            {"set ~a.mrn EDP.INPUT#1=KEYBD", 1, "", "EDP.BAUD#1 is not kept"}});
+}
+
+TEST_F(Files, ARefusedHardwareLineChangesNoCard) {
+    const std::string with = "HARDWARE=1,5,0,0,0,0,0,0,0,0,0,0,0,0";
+    ASSERT_EQ(Run("set ~a.mrn " + with).code, 0);
+    ASSERT_EQ(Run("set ~a.mrn DIO.ALIAS.1#2=Pump").code, 0);
+    Expect({{"set ~a.mrn HARDWARE=1,x,0,0,0,0,0,0,0,0,0,0,0,0", 1, "", "is not understood"}});
+    EXPECT_EQ(Out("get ~a.mrn HARDWARE DIO.ALIAS.1#2"), with + "\nDIO.ALIAS.1#2=Pump\n");
+}
+
 TEST_F(Files, TextIsTheBodyOrWhatAVersionReceives) {
     const std::string body = Out("text ~a.mrn");
     std::string file = Read("a.mrn");

@@ -239,15 +239,15 @@ void TablesTest::PastingThatCannotBeSaysWhy() {
     QGuiApplication::clipboard()->setText("hello");
     table.GoTo(3);
     Press(table, QKeySequence::Paste);
-    QVERIFY(told.contains("no setpoint"));
+    QVERIFY2(told.contains("no setpoint"), qPrintable(told));
     QGuiApplication::clipboard()->setText("SP.KIND#1=NET\r\nSP.KIND#2=NET\r\n");
     table.GoTo(100);
     Press(table, QKeySequence::Paste);
-    QVERIFY(told.contains("no room for 2"));
+    QVERIFY2(told.contains("no room for 2"), qPrintable(told));
     QCOMPARE(main.window->Session().Document().Body(), before);
     table.GoTo(3);
     QTest::keyClick(&table.Grid(), Qt::Key_Delete);
-    QVERIFY(told.contains("as new already"));
+    QVERIFY2(told.contains("as new already"), qPrintable(told));
 }
 
 void TablesTest::MovesTakeTheReferencesAlong() {

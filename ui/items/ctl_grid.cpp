@@ -4,6 +4,7 @@
 #include <QComboBox>
 #include <QGuiApplication>
 #include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMenu>
 #include <algorithm>
@@ -105,7 +106,8 @@ bool ctlGrid::FocusKey(const QString& key) {
     if (stale_) Refresh();
     const QModelIndex index = model_->Find(key);
     if (!index.isValid()) return false;
-    setCurrentIndex(index);
+    // Not setCurrentIndex, which would leave a selection alone while Ctrl is held.
+    selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     scrollTo(index, PositionAtCenter);
     setFocus(Qt::OtherFocusReason);
     return true;

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMenu>
 #include <algorithm>
@@ -34,7 +35,7 @@ std::vector<int> ctlItemGrid::ChosenNumbers() const {
 bool ctlItemGrid::GoTo(int number) {
     for (int row = 0; row < Model().rowCount(); ++row) {
         if (Model().RowAt(row).item.number != number) continue;
-        setCurrentIndex(Model().index(row, 0));
+        selectionModel()->setCurrentIndex(Model().index(row, 0), QItemSelectionModel::ClearAndSelect);
         scrollTo(currentIndex());
         return true;
     }
