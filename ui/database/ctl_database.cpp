@@ -19,6 +19,10 @@ namespace calyx::ui {
 
 using namespace database_text;
 
+namespace {
+constexpr int kNameCharacters = 16, kTypeCharacters = 24;  // room in their columns
+}
+
 ctlDatabase::ctlDatabase(DocumentSession& session)
     : session_(session),
       stack_(new QStackedWidget),
@@ -75,12 +79,15 @@ QWidget* ctlDatabase::MakeEditor() {
     top->addStretch(1);
     auto* parts = new QSplitter(Qt::Vertical);
     parts->setChildrenCollapsible(false);
-    parts->setHandleWidth(metrics::kRelated);
+    parts->setHandleWidth(metrics::kGroups);
     parts->addWidget(MakePart(tableHeading_, tables_, tableNote_, tables_->MakeCommands()));
     parts->addWidget(MakePart(fieldHeading_, fields_, fieldNote_, fields_->MakeCommands()));
     parts->setStretchFactor(0, 2);
     parts->setStretchFactor(1, 3);
-    tables_->setColumnWidth(1, 16 * fontMetrics().averageCharWidth() + metrics::kIconLarge);
+    const int wide = fontMetrics().averageCharWidth();
+    for (ctlRowGrid* grid : {static_cast<ctlRowGrid*>(tables_), static_cast<ctlRowGrid*>(fields_)})
+        grid->setColumnWidth(1, kNameCharacters * wide + metrics::kIconLarge);
+    fields_->setColumnWidth(2, kTypeCharacters * wide + metrics::kIconLarge);
     auto* editor = new QWidget;
     auto* column = new QVBoxLayout(editor);
     column->setContentsMargins(0, 0, 0, 0);
@@ -151,19 +158,19 @@ void ctlDatabase::Refresh() {
 
 void ctlDatabase::ShowCards() {
     const ResourceTexts& texts = session_.Context().texts;
-    const std::vector<int> slots = std::as_const(session_).Document().Hardware().MemoryCards();
+    const std::vector<int> withCard = std::as_const(session_).Document().Hardware().MemoryCards();
     const int before = tables_->Slot();
     {
         const QSignalBlocker quiet(cards_);
         cards_->clear();
-        for (const int slot : slots) cards_->addItem(Say(texts, kSlot, QString::number(slot)), slot);
+        for (const int slot : withCard) cards_->addItem(Say(texts, kSlot, QString::number(slot)), slot);
         cards_->setCurrentIndex(std::max(0, cards_->findData(before)));
     }
-    cards_->setVisible(slots.size() > 1);
-    cardsLabel_->setVisible(slots.size() > 1);
+    cards_->setVisible(withCard.size() > 1);
+    cardsLabel_->setVisible(withCard.size() > 1);
     tableHeading_->setText(Say(texts, kTablesName));
-    stack_->setCurrentIndex(slots.empty() ? 0 : 1);
-    ShowSlot(slots.empty() ? 0 : cards_->currentData().toInt());
+    stack_->setCurrentIndex(withCard.empty() ? 0 : 1);
+    ShowSlot(withCard.empty() ? 0 : cards_->currentData().toInt());
 }
 
 void ctlDatabase::ShowSlot(int slot) {
