@@ -5,25 +5,34 @@
 
 #include "model/language/error.h"
 #include "model/language/file_store.h"
+#include "model/language/text.h"
 #include "model/widgets/widgets.h"
 
 namespace calyx {
 
-Dictionary CWidgets::LoadDictionary(const std::string& filename) const {
+std::vector<std::string> CWidgets::ReadFileToArray(const std::string& filename) const {
     const auto fail = [&](int code, const std::string& why) {
-        throw Error(code, "Calyx.CWidgets.LoadDictionary", Context().texts.Format(code, {filename, why}));
+        throw Error(code, "Calyx.CWidgets.ReadFileToArray", Context().texts.Format(code, {filename, why}));
     };
     const IFileStore& files = *Context().files;
     const auto found = files.Look(filename);
     if (found == IFileStore::Found::Nothing) fail(code::kFileNotFound, {});
     if (found == IFileStore::Found::Folder) fail(code::kIsFolder, {});
-    std::string text;
+    std::vector<std::string> lines;
     try {
-        text = files.Read(filename);
+        ForEachLine(files.Read(filename), [&](std::string_view line) { lines.emplace_back(line); });
     } catch (const std::system_error& error) {
         fail(code::kFileNotReadable, error.code().message());
     }
-    return Dictionary(std::move(text));
+    return lines;
+}
+
+Dictionary CWidgets::LoadDictionary(const std::string& filename) const {
+    return As("Calyx.CWidgets.LoadDictionary", [&] {
+        std::string text;
+        for (const std::string& line : ReadFileToArray(filename)) text.append(line).append("\r\n");
+        return Dictionary(std::move(text));
+    });
 }
 
 std::vector<int> CWidgets::ImportScreen(const std::string& filename, int from, int to) {

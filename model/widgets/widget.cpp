@@ -13,6 +13,7 @@ constexpr std::size_t kNameWidth = 8, kCaptionWidth = 64;
 // What is wrong, in words.
 constexpr int kPastTheEdge = 5582;  // {1} widget, {2} last column and {3} last row that it takes
 constexpr int kNoComma = 5583;
+constexpr int kHeading = 5585;  // {1} number, {2} kind, {3} screen
 
 std::string Key(int number) {
     return "WDGT#" + std::to_string(number);
@@ -121,6 +122,23 @@ std::string CWidget::GetIWriteImportDef() const {
     const auto name = Values().name.Trimmed();
     if (name.empty()) return {};
     return std::string(name) + " : constant integer := " + std::to_string(number_) + ";\r\n";
+}
+
+std::string CWidget::GetPrintOutput() const {
+    const ResourceTexts& texts = Context().texts;
+    const Item& item = Parameters();
+    std::string listing = texts.Format(
+        kHeading, {std::to_string(number_), texts.Text(info_->name), std::to_string(ScreenNumber())});
+    listing += "\r\n";
+    for (std::size_t i = 0; i < item.RowCount(); ++i) {
+        const std::string value = DisplayText(item, i);
+        if (value.empty()) continue;
+        const More& more = item.Info(i).more;
+        listing.append("  ").append(texts.Text(more.label)).append(": ").append(value);
+        if (!more.unit.empty()) listing.append(" ").append(more.unit);
+        listing += "\r\n";
+    }
+    return listing;
 }
 
 void CWidget::Validate(CBrokenRules& rules) const {

@@ -40,7 +40,9 @@ class CWidget : public IWidgetData, protected RowObject<WidgetFields> {
     // Not gated: every firmware that has screens knows the record.
     std::string GetTextOutput(bool /*allParameters*/) const { return StoreState(); }
     std::string TextView() const { return StoreState(); }
+    std::string GetPrintOutput() const;  // a heading and its properties
     void RestoreState(Dictionary& lines, ReadReport& report);
+    void GetFromIndicator(Dictionary& lines, ReadReport& report) { RestoreState(lines, report); }
     // Sends the one line. False: stopped by the callback.
     bool SendToIndicator(ILineSender& sender, IDownload& download) const {
         return SendLines(StoreState(), sender, download);

@@ -11,8 +11,7 @@ namespace calyx {
 
 namespace {
 
-constexpr int kWidgetHeading = 5585;  // {1} number, {2} kind, {3} screen
-constexpr int kSameName = 5584;       // {1} name, {2} and {3} widgets
+constexpr int kSameName = 5584;  // {1} name, {2} and {3} widgets
 
 // Whether a record can be taken; one that is not keeps its place and is refused there.
 bool IsTakable(const WidgetPatterns& patterns, const std::string& record, Section::Check check) {
@@ -96,16 +95,9 @@ bool CWidgets::SendToIndicator(ILineSender& sender, IDownload& download) const {
 }
 
 std::string CWidgets::GetPrintOutput() const {
-    const ResourceTexts& texts = Context().texts;
     std::string listing;
-    for (const int number : Numbers()) {
-        const CWidget& one = widget(number);
-        listing +=
-            texts.Format(kWidgetHeading, {std::to_string(number), texts.Text(InfoOf(one.WidgetType()).name),
-                                          std::to_string(one.ScreenNumber())});
-        listing += "\r\n" + ItemListing(one.Properties(), false);
-    }
-    return listing.empty() ? listing : texts.Text(Title()) + "\r\n" + listing;
+    for (const int number : Numbers()) listing += widget(number).GetPrintOutput();
+    return listing.empty() ? listing : Context().texts.Text(Title()) + "\r\n" + listing;
 }
 
 std::string CWidgets::GetIWriteImportDef() const {

@@ -66,6 +66,11 @@ class CWidgets : public Section {
     std::vector<int> ImportScreen(const std::string& filename, int from, int to);
     std::vector<int> AddScreenWidgets(const Dictionary& lines, int from, int to);
     Dictionary LoadDictionary(const std::string& filename) const;
+    std::vector<std::string> ReadFileToArray(const std::string& filename) const;  // its lines
+    // The value of a line by its key, "WDGT#3"; `absent` where there is none.
+    static std::string FindParameter(Dictionary& lines, std::string_view key, std::string_view absent) {
+        return lines.FindParameter(key, absent);
+    }
 
     // Widgets as lines of text, for the clipboard ("CalyxWidget"), and back onto a screen; 0: the screens
     // that they come from. Lines that are no widgets are passed over. A name that is taken here gets a

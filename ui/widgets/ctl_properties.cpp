@@ -1,9 +1,9 @@
 #include "ui/widgets/ctl_properties.h"
 
+#include <QCheckBox>
 #include <QGridLayout>
 #include <QLocale>
 #include <QScrollArea>
-#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 
@@ -28,6 +28,10 @@ ctlProperties::ctlProperties(DocumentSession& session, ScreenState& state, Scree
       help_(new QLabel) {
     setObjectName(QStringLiteral("ctlProperties"));
     setAccessibleName(Say(state_.Texts(), kPropertiesName));
+    heading_->setFont(StrongFont());
+    heading_->setObjectName(QStringLiteral("propertiesHeading"));
+    heading_->setTextFormat(Qt::PlainText);
+    heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setWidgetResizable(true);
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -42,9 +46,10 @@ ctlProperties::ctlProperties(DocumentSession& session, ScreenState& state, Scree
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(metrics::kHalf);
-    column->addWidget(MakeHead());
+    column->addWidget(heading_);
     column->addWidget(area_, 1);
     column->addWidget(help_);
+    column->addWidget(MakeSwitches());
     connect(&state_, &ScreenState::ChosenChanged, this, &ctlProperties::Follow);
     connect(&state_, &ScreenState::WidgetsChanged, this, &ctlProperties::Follow);
     Build();
@@ -52,40 +57,34 @@ ctlProperties::ctlProperties(DocumentSession& session, ScreenState& state, Scree
 
 ctlProperties::~ctlProperties() = default;
 
-QWidget* ctlProperties::MakeHead() {
-    auto* head = new QWidget;
-    auto* row = new QHBoxLayout(head);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(metrics::kHalf);
-    heading_->setFont(StrongFont());
-    heading_->setObjectName(QStringLiteral("propertiesHeading"));
-    heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
-    auto* alphabetic = MakeSwitch(kAlphabetic, kAlphabeticTip, "cmdAlphabetic", settings_.DispAlphaPropView);
-    auto* explain = MakeSwitch(kDescription, kDescriptionTip, "cmdExplain", settings_.DispShowDescription);
-    connect(alphabetic, &QToolButton::toggled, this, [this](bool on) {
+QWidget* ctlProperties::MakeSwitches() {
+    auto* alphabetic = MakeSwitch(kAlphabetic, kAlphabeticTip, "chkAlphabetic", settings_.DispAlphaPropView);
+    auto* explain = MakeSwitch(kDescription, kDescriptionTip, "chkExplain", settings_.DispShowDescription);
+    connect(alphabetic, &QCheckBox::toggled, this, [this](bool on) {
         settings_.DispAlphaPropView = on;
         Build();
     });
-    connect(explain, &QToolButton::toggled, this, [this](bool on) {
+    connect(explain, &QCheckBox::toggled, this, [this](bool on) {
         settings_.DispShowDescription = on;
         help_->setVisible(on);
     });
-    row->addWidget(heading_, 1);
+    auto* switches = new QWidget;
+    auto* row = new QHBoxLayout(switches);
+    row->setContentsMargins(0, 0, 0, 0);
+    row->setSpacing(metrics::kGroups);
     row->addWidget(alphabetic);
     row->addWidget(explain);
-    return head;
+    row->addStretch(1);
+    return switches;
 }
 
-QToolButton* ctlProperties::MakeSwitch(int text, int tip, const char* name, bool on) {
-    auto* button = new QToolButton;
-    button->setObjectName(QLatin1String(name));
-    button->setText(Say(state_.Texts(), text));
-    button->setToolTip(Say(state_.Texts(), tip));
-    button->setCheckable(true);
-    button->setChecked(on);
-    button->setMinimumHeight(metrics::kControlHeight);
-    button->setFocusPolicy(Qt::StrongFocus);
-    return button;
+QCheckBox* ctlProperties::MakeSwitch(int text, int tip, const char* name, bool on) {
+    auto* box = new QCheckBox(Say(state_.Texts(), text));
+    box->setObjectName(QLatin1String(name));
+    box->setToolTip(Say(state_.Texts(), tip));
+    box->setChecked(on);
+    box->setMinimumHeight(metrics::kControlHeight);
+    return box;
 }
 
 std::vector<std::string> ctlProperties::Common() const {
@@ -117,6 +116,7 @@ void ctlProperties::Follow() {
     if (!same) return Build();
     heading_->setText(WidgetsWords(state_.Texts(), state_.Widgets(), state_.Chosen()));
     for (const auto& field : fields_) field->Refresh();
+    if (!isAncestorOf(window()->focusWidget())) Explain(nullptr);
 }
 
 void ctlProperties::Build() {
@@ -173,8 +173,12 @@ void ctlProperties::Fill(QWidget& content) {
             grid->addWidget(heading, line++, 0, 1, 3);
         }
         grid->addWidget(field->Label(), line, 0);
-        grid->addWidget(field->ControlWidget(), line, 1);
-        grid->addWidget(field->Unit(), line++, 2);
+        // Without a unit the control has its room as well.
+        const bool plain = field->Unit()->text().isEmpty();
+        grid->addWidget(field->ControlWidget(), line, 1, 1, plain ? 2 : 1);
+        if (!plain) grid->addWidget(field->Unit(), line, 2);
+        field->Unit()->setHidden(plain);
+        ++line;
         grid->addWidget(field->Message(), line++, 0, 1, 3);
         if (before != nullptr) setTabOrder(before, field->ControlWidget());
         before = field->ControlWidget();
@@ -188,8 +192,9 @@ void ctlProperties::Fill(QWidget& content) {
 
 void ctlProperties::Explain(const PropertyField* field) {
     if (field != nullptr) return help_->setText(field->Help());
-    const bool scale = kind_ == WidgetKind::Scale;
-    help_->setText(scale ? Say(state_.Texts(), kStyleDecides) : QString());
+    // Of the kind, while no field has the cursor.
+    const bool several = state_.Chosen().size() > 1;
+    help_->setText(several ? QString() : Say(state_.Texts(), kKindHelp + static_cast<int>(kind_)));
 }
 
 bool ctlProperties::FocusField(std::string_view stem) {

@@ -7,9 +7,9 @@
 #include "app/settings.h"
 #include "ui/widgets/property_field.h"
 
+class QCheckBox;
 class QLabel;
 class QScrollArea;
-class QToolButton;
 
 namespace calyx::ui {
 
@@ -26,8 +26,8 @@ class ctlProperties : public QWidget {
     bool FocusField(std::string_view stem = {});
 
   private:
-    QWidget* MakeHead();
-    QToolButton* MakeSwitch(int text, int tip, const char* name, bool on);
+    QWidget* MakeSwitches();
+    QCheckBox* MakeSwitch(int text, int tip, const char* name, bool on);
     void Follow();
     void Build();
     void Fill(QWidget& content);

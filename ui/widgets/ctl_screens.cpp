@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QScrollArea>
 #include <QSplitter>
+#include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <cmath>
@@ -80,8 +81,17 @@ QWidget* ctlScreens::MakeTop() {
     auto* column = new QVBoxLayout(top);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(metrics::kHalf);
+    auto* fromFile = new QToolButton;
+    fromFile->setDefaultAction(commands_->Import());
+    fromFile->setText(PlainCaption(commands_->Import()->text()) + QStringLiteral("..."));
+    fromFile->setMinimumHeight(metrics::kControlHeight);
+    fromFile->setFocusPolicy(Qt::StrongFocus);
+    auto* kinds = new QHBoxLayout;
+    kinds->setSpacing(metrics::kGroups);
+    kinds->addWidget(palette_, 1);
+    kinds->addWidget(fromFile, 0, Qt::AlignTop);
     column->addLayout(strip);
-    column->addWidget(palette_);
+    column->addLayout(kinds);
     return top;
 }
 
@@ -94,6 +104,8 @@ QWidget* ctlScreens::MakeMiddle() {
     area_->setWidget(canvas_);
     empty_->setObjectName(QStringLiteral("screenEmpty"));
     empty_->setAlignment(Qt::AlignCenter);
+    empty_->setWordWrap(true);
+    canvas_->installEventFilter(this);
     empty_->setAttribute(Qt::WA_TransparentForMouseEvents);
     // On the display, which is pale in every theme.
     QPalette ink;
@@ -161,6 +173,7 @@ void ctlScreens::Connect() {
 
 bool ctlScreens::eventFilter(QObject* watched, QEvent* event) {
     if (watched == area_->viewport() && event->type() == QEvent::Resize) ShowZoom();
+    if (watched == canvas_ && event->type() == QEvent::Resize) ShowEmpty();
     return QWidget::eventFilter(watched, event);
 }
 
@@ -190,7 +203,8 @@ void ctlScreens::ShowEmpty() {
     if (!empty) return;
     empty_->setText(Say(Texts(), kEmptyHeading, QString::number(state_.Screen())) + QStringLiteral("\n\n") +
                     Say(Texts(), kEmptyHint));
-    empty_->setGeometry(canvas_->rect());
+    const QRect display = canvas_->ToWindow(kScreenRect).toRect();
+    empty_->setGeometry(display.adjusted(metrics::kGroups, 0, -metrics::kGroups, 0));
 }
 
 bool ctlScreens::FocusKey(const QString& key) {
@@ -198,8 +212,10 @@ bool ctlScreens::FocusKey(const QString& key) {
     if (number == 0) return false;
     const std::vector<int> numbers = state_.Widgets().Numbers();
     const bool there = std::find(numbers.begin(), numbers.end(), number) != numbers.end();
-    if (!there) return false;
-    if (!state_.TakeTouched(number)) state_.Choose({number});
+    // An undo may name a number that its own change has closed.
+    const bool touched = state_.TakeTouched(KeyBytes(key));
+    if (!there && !touched) return false;
+    if (!touched) state_.Choose({number});
     canvas_->setFocus(Qt::OtherFocusReason);
     return true;
 }

@@ -18,7 +18,7 @@ namespace calyx::ui {
 using namespace widget_text;
 
 ctlViewBar::ctlViewBar(const ResourceTexts& texts, Settings& settings)
-    : texts_(texts), zoom_(new QLabel), fit_(MakeButton(Say(texts, kZoomFit), kZoomFitTip, "cmdFit")) {
+    : texts_(texts), zoom_(new QLabel), fit_(MakeBox(kZoomFit, kZoomFitTip, "chkFit")) {
     setObjectName(QStringLiteral("ctlViewBar"));
     auto* row = new QHBoxLayout(this);
     row->setContentsMargins(0, 0, 0, 0);
@@ -41,19 +41,23 @@ ctlViewBar::ctlViewBar(const ResourceTexts& texts, Settings& settings)
     zoom_->setAlignment(Qt::AlignCenter);
     zoom_->setMinimumWidth(
         zoom_->fontMetrics().horizontalAdvance(Say(texts, kPercent, QString::number(kMostZoom))));
-    fit_->setCheckable(true);
-    connect(fit_, &QToolButton::clicked, this, &ctlViewBar::FitToggled);
+    connect(fit_, &QCheckBox::clicked, this, &ctlViewBar::FitToggled);
     row->addWidget(smaller);
     row->addWidget(zoom_);
     row->addWidget(larger);
     row->addWidget(fit_);
 }
 
-QWidget* ctlViewBar::MakeSwitch(bool& setting, int text, int tip, const char* name) {
+QCheckBox* ctlViewBar::MakeBox(int text, int tip, const char* name) {
     auto* box = new QCheckBox(Say(texts_, text));
     box->setObjectName(QLatin1String(name));
     box->setToolTip(Say(texts_, tip));
     box->setMinimumHeight(metrics::kControlHeight);
+    return box;
+}
+
+QCheckBox* ctlViewBar::MakeSwitch(bool& setting, int text, int tip, const char* name) {
+    QCheckBox* box = MakeBox(text, tip, name);
     box->setChecked(setting);
     connect(box, &QCheckBox::toggled, this, [this, &setting](bool on) {
         setting = on;

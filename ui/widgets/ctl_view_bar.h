@@ -5,6 +5,7 @@
 #include "app/settings.h"
 #include "model/language/resource_texts.h"
 
+class QCheckBox;
 class QLabel;
 class QSpinBox;
 class QToolButton;
@@ -31,11 +32,12 @@ class ctlViewBar : public QWidget {
   private:
     QSpinBox* MakeSide(std::int32_t& side, int name, const char* object);
     QToolButton* MakeButton(const QString& text, int tip, const char* name);
-    QWidget* MakeSwitch(bool& setting, int text, int tip, const char* name);
+    QCheckBox* MakeBox(int text, int tip, const char* name);
+    QCheckBox* MakeSwitch(bool& setting, int text, int tip, const char* name);
 
     const ResourceTexts& texts_;
     QLabel* zoom_;
-    QToolButton* fit_;
+    QCheckBox* fit_;
 };
 
 }  // namespace calyx::ui

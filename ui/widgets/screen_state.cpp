@@ -4,6 +4,8 @@
 #include <map>
 #include <utility>
 
+#include "model/language/text.h"
+
 namespace calyx::ui {
 
 namespace {
@@ -18,8 +20,9 @@ std::vector<std::string> RecordsOf(const CWidgets& widgets) {
 
 ScreenState::ScreenState(DocumentSession& session, QObject* parent) : QObject(parent), session_(session) {
     records_ = RecordsOf(Widgets());
-    connect(&session_, &DocumentSession::Changed, this, [this] { Follow(false); });
-    connect(&session_, &DocumentSession::Replaced, this, [this] { Follow(true); });
+    connect(&session_, &DocumentSession::Changed, this,
+            [this](const ChangeSet& changes) { Follow(changes, false); });
+    connect(&session_, &DocumentSession::Replaced, this, [this] { Follow({}, true); });
 }
 
 bool ScreenState::IsChosen(int number) const {
@@ -49,9 +52,9 @@ void ScreenState::SetChosen(std::vector<int> numbers, int lead) {
     lead_ = IsChosen(lead) ? lead : (chosen_.empty() ? 0 : chosen_.back());
 }
 
-bool ScreenState::TakeTouched(int number) {
-    const std::vector<int> touched = std::exchange(touched_, {});
-    return std::find(touched.begin(), touched.end(), number) != touched.end();
+bool ScreenState::TakeTouched(std::string_view key) {
+    if (std::exchange(touched_, {}).empty()) return false;
+    return !last_.Where([key](const Change& change) { return EqualNoCase(change.key, key); }).Empty();
 }
 
 void ScreenState::Toggle(int number) {
@@ -67,7 +70,7 @@ void ScreenState::Toggle(int number) {
 
 // Widgets are known again by their records. What has a record that was not there before is what the change
 // was about, and is chosen; without any the choice goes with its records to their new numbers.
-void ScreenState::Follow(bool anew) {
+void ScreenState::Follow(const ChangeSet& changes, bool anew) {
     std::vector<std::string> now = RecordsOf(Widgets());
     if (!anew && now == records_) return;
     std::multimap<std::string, int> free;  // the new numbers of records that were there
@@ -83,6 +86,7 @@ void ScreenState::Follow(bool anew) {
     for (const auto& [record, number] : free) touched_.push_back(number);
     std::sort(touched_.begin(), touched_.end());
     if (keeps_ > 0) touched_.clear();
+    last_ = changes;
     std::vector<int> chosen;
     int lead = 0;
     if (anew) {

@@ -31,9 +31,9 @@ class ScreenState : public QObject {
     void Choose(std::vector<int> numbers, int lead = 0);
     void Toggle(int number);
 
-    // Whether the last change came from elsewhere, by undo for example, and was about this widget: then all
-    // that it was about are chosen already. Asked once.
-    bool TakeTouched(int number);
+    // Whether the last change came from elsewhere, by undo for example, and this key was among its lines:
+    // then the widgets that it was about are chosen already. Asked once.
+    bool TakeTouched(std::string_view key);
 
     // While it lives, changes of the document leave the choice as it is: for edits under which widgets
     // keep their numbers.
@@ -54,7 +54,7 @@ class ScreenState : public QObject {
     void WidgetsChanged();  // the document's; screen and choice are right already
 
   private:
-    void Follow(bool anew);
+    void Follow(const ChangeSet& changes, bool anew);
     void SetChosen(std::vector<int> numbers, int lead);
 
     DocumentSession& session_;
@@ -62,6 +62,7 @@ class ScreenState : public QObject {
     std::vector<int> chosen_, touched_;
     int lead_ = 0;
     int keeps_ = 0;
+    ChangeSet last_;                    // that touched them
     std::vector<std::string> records_;  // as they were last seen
 };
 

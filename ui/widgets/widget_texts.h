@@ -4,14 +4,13 @@
 namespace calyx::ui::widget_text {
 
 // What a widget is called.
-inline constexpr int kNamed = 40600;        // {1} kind, {2} name
-inline constexpr int kNumbered = 40601;     // {1} kind, {2} number of the widget
-inline constexpr int kScaleNamed = 40602;   // {1} kind, {2} number of the scale
-inline constexpr int kSeveral = 40603;      // {1} count
-inline constexpr int kHidden = 40604;       // {1} what it is called
-inline constexpr int kPlaceWords = 40605;   // {1} what it is called, {2} left, {3} top, {4} width, {5} height
-inline constexpr int kPastLimit = 40606;    // {1} what it is called
-inline constexpr int kChosenWords = 40607;  // {1} what it is called
+inline constexpr int kNamed = 40600;       // {1} kind, {2} name
+inline constexpr int kNumbered = 40601;    // {1} kind, {2} number of the widget
+inline constexpr int kScaleNamed = 40602;  // {1} kind, {2} number of the scale
+inline constexpr int kSeveral = 40603;     // {1} count
+inline constexpr int kHidden = 40604;      // {1} what it is called
+inline constexpr int kPlaceWords = 40605;  // {1} what it is called, {2} left, {3} top, {4} width, {5} height
+inline constexpr int kPastLimit = 40606;   // {1} what it is called
 
 // Screens
 inline constexpr int kScreensName = 40610;
@@ -24,7 +23,6 @@ inline constexpr int kEmptyHeading = 40616;  // {1} screen
 inline constexpr int kEmptyHint = 40617;
 inline constexpr int kScreenName = 40608;  // {1} screen
 inline constexpr int kListName = 40618;    // {1} screen
-inline constexpr int kListHeading = 40619;
 
 // Palette
 inline constexpr int kPaletteName = 40620;
@@ -36,7 +34,6 @@ inline constexpr int kKindHelp = 40622;
 // Gauge
 inline constexpr int kGaugeName = 40630;
 inline constexpr int kGauge = 40631;         // {1} used, {2} limit
-inline constexpr int kGaugeFree = 40632;     // {1} left
 inline constexpr int kGaugeOver = 40633;     // {1} beyond the limit
 inline constexpr int kGaugeTip = 40634;      // {1} limit
 inline constexpr int kGaugeOverTip = 40635;  // {1} limit, {2} widgets beyond it, in words
@@ -64,7 +61,6 @@ inline constexpr int kAlphabetic = 40658;
 inline constexpr int kAlphabeticTip = 40659;
 inline constexpr int kDescription = 40660;
 inline constexpr int kDescriptionTip = 40661;
-inline constexpr int kStyleDecides = 40662;
 inline constexpr int kAllowedText = 40663;  // {1} help, {2} least, {3} most
 inline constexpr int kNoCommon = 40664;
 

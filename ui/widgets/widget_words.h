@@ -10,7 +10,7 @@ namespace calyx::ui {
 
 // What widgets are called on the page, in tool tips and in the steps of undo.
 QString KindWords(const ResourceTexts& texts, WidgetKind kind);
-// "Label lblA"; without a name "Label, number 3"; "Scale 2" by the scale that it shows.
+// "Label lblA"; without a name "Label #3"; "Scale 2" by the scale that it shows.
 QString WidgetWords(const ResourceTexts& texts, const CWidgets& widgets, int number);
 // The words of a single one, else "3 widgets".
 QString WidgetsWords(const ResourceTexts& texts, const CWidgets& widgets, const std::vector<int>& numbers);
