@@ -69,10 +69,10 @@ struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): in the r
     bool WindowMaximized{};
     std::string WindowLayout;  // of tool bars and panes, in the window's own words
     std::int32_t
-        DownloadOptions{};  // bits: 1 base, 2 calibration, 4 setpoints, 8 widgets, 16 schemas, 32 program
+        DownloadOptions{};     // bits: 1 base, 2 calibration, 4 setpoints, 8 widgets, 16 schemas, 32 program
     bool DetectStoredFirst{};  // detection tries the stored serial settings before its own
-    std::string Theme;      // empty: as the system
-    std::string Language;   // code of a texts file; empty: English
+    std::string Theme;         // empty: as the system
+    std::string Language;      // code of a texts file; empty: English
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };

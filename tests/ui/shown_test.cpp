@@ -3,10 +3,10 @@
 #include <QTreeView>
 #include <set>
 
+#include "comm/comparison.h"
 #include "comm/download_plan.h"
 #include "model/language/text.h"
 #include "tests/support/model_fixture.h"
-#include "ui/link/differences.h"
 #include "ui/panes/pane_list.h"
 #include "ui/panes/shown_lines.h"
 #include "ui/text.h"
@@ -196,7 +196,9 @@ void ShownTest::DifferencesAgainstAnIndicator() {
     }
     if (!change.startsWith('-')) dump = change.toStdString() + "\r\n" + dump;  // the first occurrence counts
     QStringList found;
-    const ChangeSet changes = ui::AgainstIndicator(document, dump, target);
+    constexpr unsigned kEverything = 31;  // but the program file, which has no parameters
+    const Held held(document.Context(), dump, "DUMPALL");
+    const ChangeSet changes = AgainstIndicator(document, held, kEverything, target);
     for (const Change& c : changes.Changes()) {
         found += ui::Shown(c.key + ": " + c.before.value_or("(none)") + ", " + c.after.value_or("(none)"));
     }

@@ -152,17 +152,18 @@ void TablesTest::CellsAreEditedByKeyboard() {
     QVERIFY(editor != nullptr);
     editor->selectAll();
     QTest::keyClicks(editor, "12x");
-    QTest::keyClick(editor, Qt::Key_Return);
-    QCOMPARE(main.Value("SP.VALUE#2"), "850");  // told at the cell and not stored
+    QTest::keyClick(editor, Qt::Key_Tab);
     const QModelIndex cell = table.Grid().Model().Find("SP.VALUE#2");
-    QVERIFY(!table.Grid().Model().Problem(cell).isEmpty());
+    QVERIFY(!table.Grid().Model().Problem(cell).isEmpty());  // told at the cell and not stored
+    QCOMPARE(main.Value("SP.VALUE#2"), "850");
     QVERIFY(table.Grid().FocusKey("SP.VALUE#2"));
-    QVERIFY(!main.Status("tableProblem").isEmpty());
+    QCOMPARE(main.Status("tableProblem"), table.Grid().Model().Problem(cell));
     QTest::keyClick(&table.Grid(), Qt::Key_Escape);
-    QVERIFY(main.Find<QLabel>("tableProblem")->isHidden());
+    QVERIFY(main.Status("tableProblem").contains("no scale is chosen"));  // what is wrong with the setpoint
 
-    QTest::keyClicks(&table.Grid(), "77");
-    QTest::keyClick(table.Grid().viewport()->findChild<QLineEdit*>(), Qt::Key_Tab);
+    QTest::keyClick(&table.Grid(), Qt::Key_7);  // typing opens the cell
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
     QCOMPARE(main.Value("SP.VALUE#2"), "77");
     QVERIFY(main.Status("tableSentence").contains("77"));
     QCOMPARE(table.Grid().Model().KeyAt(table.Grid().currentIndex()), std::string("SP.TRIP#2"));

@@ -13,11 +13,11 @@ struct Restoring {
     std::size_t lost = 0;
     std::string title;
 
-    void Compare(const Item& now, const Item& initial) {
+    void Compare(const Item& now, const Item& initial, const Place& place) {
         const std::vector<bool> written = now.WrittenRows();
         for (std::size_t row = 0; row < now.RowCount(); ++row) {
             const Use use = now.Info(row).more.use;
-            if (use == Use::Page || use == Use::ReadOnly) continue;
+            if (use == Use::Page || use == Use::ReadOnly || !Holds(place, now.Key(row))) continue;
             const std::string before = now.Text(row), after = initial.Text(row);
             if (before == after) continue;
             changes.Add({now.Key(row), before, after});
@@ -30,11 +30,11 @@ bool IsOf(const Item& item, const ItemRef& ref) {
     return item.Number() == ref.number && (ref.kind == 0 || item.Title() == ref.kind);
 }
 
-Restoring Gather(const CIndicator& document, const ItemRef& ref) {
+Restoring Gather(const CIndicator& document, const ItemRef& ref, const Place& place) {
     Restoring restoring;
     for (const Section* section : document.Sections()) {
         if (section->Name() != ref.section) continue;
-        restoring.title = document.Context().texts.Text(section->Title());
+        restoring.title = document.Context().texts.Text(place.title);
         for (const Item* item : section->Items()) {
             if (!IsOf(*item, ref)) continue;
             if (const std::string title = section->ItemTitle(*item); !title.empty()) restoring.title = title;
@@ -45,9 +45,9 @@ Restoring Gather(const CIndicator& document, const ItemRef& ref) {
                 CCommPort port(document.Context());
                 port.Initialize(item->Number());
                 port.ReloadDefaults();
-                restoring.Compare(*item, port.Parameters());
+                restoring.Compare(*item, port.Parameters(), place);
             } else {
-                restoring.Compare(*item, *initial);
+                restoring.Compare(*item, *initial, place);
             }
         }
     }
@@ -57,10 +57,10 @@ Restoring Gather(const CIndicator& document, const ItemRef& ref) {
 }  // namespace
 
 void RestoreDefaults(DocumentSession& session, const std::function<int(const Question& question)>& ask,
-                     const ItemRef& item) {
+                     const ItemRef& item, const Place& place) {
     using namespace items_text;
     const ResourceTexts& texts = session.Context().texts;
-    const Restoring restoring = Gather(std::as_const(session).Document(), item);
+    const Restoring restoring = Gather(std::as_const(session).Document(), item, place);
     const QString title = Shown(restoring.title);
     if (restoring.changes.Empty()) {
         emit session.Told(Say(texts, kHasDefaults, title));

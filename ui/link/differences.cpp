@@ -17,8 +17,4 @@ std::vector<KeyValue> SentLines(const CIndicator& document, const Target& target
     return calyx::SentLines(document, kEverything, target);
 }
 
-ChangeSet AgainstIndicator(const CIndicator& document, const std::string& dump, const Target& target) {
-    return calyx::AgainstIndicator(document, Held(document.Context(), dump, "DUMPALL"), kEverything, target);
-}
-
 }  // namespace calyx::ui

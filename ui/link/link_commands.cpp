@@ -1,15 +1,23 @@
 #include "ui/link/link_commands.h"
 
 #include <QDir>
+#include <QTimer>
 
 #include "comm/link_texts.h"
+#include "comm/send_journal.h"
 #include "model/language/text.h"
+#include "ui/link/calibration/frm_calibration_wizard.h"
+#include "ui/link/calibration/wizard_texts.h"
+#include "ui/link/compare/compare_texts.h"
+#include "ui/link/compare/frm_compare_indicator.h"
 #include "ui/link/differences.h"
-#include "ui/link/frm_compare.h"
 #include "ui/link/frm_connect.h"
 #include "ui/link/frm_download.h"
 #include "ui/link/frm_upload.h"
 #include "ui/link/link_ui_texts.h"
+#include "ui/link/terminal/frm_terminal.h"
+#include "ui/link/tools/frm_stream_simulator.h"
+#include "ui/link/tools/frm_training.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -22,6 +30,7 @@ LinkCommands::LinkCommands(AppContext& app, DocumentSession& session, FileComman
     connect(&desk_, &LinkDesk::Opened, this, &LinkCommands::ForgetSent);
     connect(&desk_, &LinkDesk::DeviceChanged, this,
             [this] { session_.TakeLiveCards(desk_.Connected() ? desk_.LiveCards() : std::string()); });
+    QTimer::singleShot(0, this, &LinkCommands::OfferPending);  // once the window is there
 }
 
 void LinkCommands::ForgetSent() {
@@ -63,7 +72,7 @@ void LinkCommands::OpenConnectDialog(std::function<void()> next) {
     auto* dialog = new frmConnect(app_, desk_, window_);
     const auto connected = [this, next = std::move(next)] {
         AfterConnect();
-        if (next) next();
+        next ? next() : OfferPending();
     };
     connect(dialog, &QDialog::accepted, this, connected, Qt::QueuedConnection);
     dialog->open();
@@ -92,14 +101,24 @@ void LinkCommands::AfterConnect() {
 }
 
 void LinkCommands::ConnectSimulated() {
-    if (!Free()) return;
+    if (Free() && OpenSimulated()) OfferPending();
+}
+
+bool LinkCommands::OpenSimulated() {
     try {
         if (desk_.Connected()) desk_.Close();
         desk_.OpenSimulated();
     } catch (const Error& error) {
-        return Fail(error);
+        Fail(error);
+        return false;
     }
     AfterConnect();
+    return true;
+}
+
+// What an earlier run of the program, or a lost link, has left open.
+void LinkCommands::OfferPending() {
+    if (!desk_.Busy()) OfferPendingCalibration([this] { OfferPendingSend([] {}); });
 }
 
 void LinkCommands::Disconnect() {
@@ -125,9 +144,7 @@ void LinkCommands::WithConnection(const std::function<void()>& next) {
                   {},
                   {Text(say::kConnectVerb), PlainCaption(Text(say::kSimulated)), Text(say::kCancel)}});
     if (answer == 0) OpenConnectDialog(next);
-    if (answer != 1) return;
-    ConnectSimulated();
-    if (desk_.Connected()) next();
+    if (answer == 1 && OpenSimulated()) next();
 }
 
 void LinkCommands::Send() {
@@ -255,21 +272,119 @@ void LinkCommands::Compare() {
     if (files_.FinishInput()) WithConnection([this] { CompareNow(); });
 }
 
+// A run that was broken off comes first: its backup says what was there before.
 void LinkCommands::CompareNow() {
-    const auto report = FetchDump();
-    if (!report) return;
-    CIndicator indicator(app_.model);
-    indicator.LoadText(report->text, "DUMPALL");
-    const ChangeSet changes = AgainstIndicator(session_.Document(), report->text, app_.model.target.Gated());
-    differing_.clear();
-    for (const Change& change : changes.Changes()) differing_.insert(Upper(change.key));
-    emit Compared(differing_);
-    auto* dialog = new frmCompare(changes, session_.Document(), indicator,
-                                  {Text(say::kCompareTitle), Text(say::kDocumentSide),
-                                   Text(say::kIndicatorSide), Text(say::kCompareSame)},
-                                  window_);
-    connect(dialog, &frmCompare::Chosen, this, &LinkCommands::Chosen);
+    OfferPendingSend([this] { OpenCompare()->Read(); });
+}
+
+frmCompareIndicator* LinkCommands::OpenCompare() {
+    auto* dialog = new frmCompareIndicator(app_, session_, desk_, dialogs_, files_.Name(), window_);
+    connect(dialog, &frmCompareIndicator::Chosen, this, &LinkCommands::Chosen);
+    connect(dialog, &frmCompareIndicator::Ended, this, &LinkCommands::EndOfDownload);
+    connect(dialog, &frmCompareIndicator::Compared, this, [this](const std::set<std::string>& differing) {
+        differing_ = differing;
+        emit Compared(differing_);
+    });
     dialog->open();
+    return dialog;
+}
+
+void LinkCommands::OfferPendingSend(const std::function<void()>& otherwise) {
+    using namespace compare_text;
+    const ResourceTexts& texts = app_.model.texts;
+    SendJournal journal(*app_.model.files, texts, frmCompareIndicator::JournalFile(app_));
+    const auto record = journal.Find();
+    if (!record) return otherwise();
+    const int answer = dialogs_.Ask(
+        window_, {Tone::Warning,
+                  Text(kPendingTitle),
+                  Say(texts, record->restores ? kPendingRestores : kPending, Shown(record->document),
+                      Shown(record->where), QString::number(record->Left()),
+                      QString::number(CountLines(record->steps))),
+                  {},
+                  {Text(kPendingResume), Text(kPendingRestore), Text(kPendingForget), Text(kPendingLater)}});
+    if (answer == 3) return otherwise();
+    if (answer == 2) {
+        journal.Remove();
+        return otherwise();
+    }
+    WithConnection([this, answer] { GoOnWithPending(answer == 1); });
+}
+
+// A simulated indicator has another port every time.
+void LinkCommands::GoOnWithPending(bool restore) {
+    using namespace compare_text;
+    const SendJournal journal(*app_.model.files, app_.model.texts, frmCompareIndicator::JournalFile(app_));
+    const auto record = journal.Find();
+    if (!record) return;
+    const std::string where = desk_.Link().Where();
+    if (record->where != where && !desk_.Simulated() &&
+        dialogs_.Ask(window_, {Tone::Warning,
+                               Text(kElsewhereTitle),
+                               Say(app_.model.texts, kElsewhere, Shown(record->where), Shown(where)),
+                               {},
+                               {Text(kElsewhereGo), Text(say::kCancel)},
+                               1}) != 0)
+        return;
+    frmCompareIndicator* dialog = OpenCompare();
+    restore ? dialog->RestorePending() : dialog->ResumePending();
+}
+
+void LinkCommands::Calibrate() {
+    if (!files_.FinishInput()) return;
+    WithConnection([this] {
+        OfferPendingCalibration([this] {
+            (new frmCalibrationWizard(app_, session_, desk_, dialogs_, files_.Name(), window_))->open();
+        });
+    });
+}
+
+void LinkCommands::OfferPendingCalibration(const std::function<void()>& otherwise) {
+    using namespace wizard_text;
+    const ResourceTexts& texts = app_.model.texts;
+    CalibrationJournal journal(*app_.model.files, texts, frmCalibrationWizard::JournalFile(app_));
+    const auto record = journal.Find();
+    if (!record) return otherwise();
+    const int answer = dialogs_.Ask(
+        window_, {Tone::Warning,
+                  Text(wizard_text::kPendingTitle),
+                  Say(texts, wizard_text::kPending, QString::number(record->scale), Shown(record->where)),
+                  {},
+                  {Text(kRestore), Text(wizard_text::kForget), Text(say::kNotNow)}});
+    if (answer == 2) return otherwise();
+    if (answer == 1) {
+        journal.Remove();
+        return otherwise();
+    }
+    WithConnection([this] {
+        auto* dialog = new frmCalibrationWizard(app_, session_, desk_, dialogs_, files_.Name(), window_);
+        dialog->open();
+        dialog->RestorePending();
+    });
+}
+
+// One is enough: it stays open beside the window.
+void LinkCommands::Terminal() {
+    const auto show = [this] {
+        auto* terminal = window_->findChild<frmTerminal*>();
+        if (terminal == nullptr) terminal = new frmTerminal(app_, session_, desk_, dialogs_, window_);
+        terminal->show();
+        terminal->raise();
+        terminal->activateWindow();
+    };
+    desk_.Connected() ? show() : WithConnection(show);
+}
+
+void LinkCommands::SimulateStream() {
+    auto* dialog = window_->findChild<frmStreamSimulator*>();
+    if (dialog == nullptr) dialog = new frmStreamSimulator(app_, session_, window_);
+    dialog->show();
+    dialog->raise();
+    dialog->activateWindow();
+}
+
+void LinkCommands::Training() {
+    (new frmTraining(app_, desk_, window_))->open();
 }
 
 }  // namespace calyx::ui

@@ -18,6 +18,8 @@
 
 namespace calyx::ui {
 
+class frmCompareIndicator;
+
 // The commands of the Indicator menu, with their dialogs. One that cannot run says why and offers the way
 // out.
 class LinkCommands : public QObject {
@@ -33,6 +35,10 @@ class LinkCommands : public QObject {
     void Send();
     void Read();
     void Compare();
+    void Calibrate();
+    void Terminal();
+    void SimulateStream();
+    void Training();
 
     // When something of the document was last sent to this indicator; how many of the lines sent are
     // others now, and how many it would get and never got (parts that were not chosen, lines refused).
@@ -53,11 +59,17 @@ class LinkCommands : public QObject {
   private:
     bool Free();
     void OpenConnectDialog(std::function<void()> next);
+    bool OpenSimulated();
     void AfterConnect();
     void WithConnection(const std::function<void()>& next);
     void SendNow();
     void ReadNow();
     void CompareNow();
+    frmCompareIndicator* OpenCompare();
+    void OfferPending();
+    void OfferPendingSend(const std::function<void()>& otherwise);
+    void GoOnWithPending(bool restore);
+    void OfferPendingCalibration(const std::function<void()>& otherwise);
     std::optional<UploadReport> FetchDump();
     void OpenRead(const QString& path);
     void EndOfDownload(const DownloadReport& report, const std::vector<std::string>& accepted);

@@ -59,7 +59,7 @@ void LinkDesk::OpenSimulated() {
     if (!simulator_) {
         try {
             simulator_ = std::make_unique<sim::TcpSimulator>(
-                sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string()});
+                sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string(), .faults = faults_});
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.LinkDesk.OpenSimulated",
                         app_.model.texts.Format(say::kSimulatorFailed, {failure.what()}));
@@ -71,6 +71,13 @@ void LinkDesk::OpenSimulated() {
     wire.tcpPort = simulator_->Port();
     settings_.Use(wire, true);
     OpenLink();
+}
+
+void LinkDesk::SetFaults(const std::vector<std::string>& faults) {
+    faults_ = faults;
+    if (!simulator_) return;
+    simulator_->ClearFaults();
+    for (const std::string& fault : faults_) simulator_->AddFault(fault);
 }
 
 void LinkDesk::OpenLink() {

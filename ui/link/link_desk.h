@@ -28,6 +28,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     // closed.
     void Open(const LinkSettings& wire);
     void Open(const std::string& host, std::uint16_t port);
+    void Reopen() { OpenLink(); }  // the same as before
     // Looks for the settings of the serial line, which are then in `wire`. False: none was answered, the
     // indicator streams (Link().IsStreaming()) or it was given up. 12801 when the port does not open.
     bool Detect(LinkSettings& wire);
@@ -38,6 +39,9 @@ class LinkDesk : public QObject, private ILinkEvents {
     void OpenSimulated();  // starts the simulated indicator if need be; it keeps what it holds
     // The cards that a simulated indicator has when it is made, as the value of the line HARDWARE.
     void SetCards(std::function<std::string()> cards) { cards_ = std::move(cards); }
+    // How the simulated indicator misbehaves (sim/fault.h), from now on and when it is made.
+    void SetFaults(const std::vector<std::string>& faults);
+    const std::vector<std::string>& Faults() const { return faults_; }
     void GiveUpOpening() { giveUp_ = true; }
     void Close();  // raises 12801 when the wire makes trouble; it is closed all the same
 
@@ -66,7 +70,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     bool Busy() const { return uses_ > 0; }
 
   signals:
-    void Opened();                       // another connection
+    void Opened();                         // another connection
     void Detecting(const QString& tried);  // "9600,E,7,1", on every poll while it is tried
     void DeviceChanged();
     void Logged(const QString& line);
@@ -94,6 +98,7 @@ class LinkDesk : public QObject, private ILinkEvents {
     std::unique_ptr<ITransportFactory> transports_;
     std::unique_ptr<CIndicatorComm> link_;
     std::unique_ptr<sim::TcpSimulator> simulator_;
+    std::vector<std::string> faults_;
     QString identification_, where_;
     std::string liveCards_;
     bool connected_ = false;

@@ -39,6 +39,7 @@ void ctlRowGrid::MoveCurrent(int step) {
 }
 
 void ctlRowGrid::GoTo(int row, int column) {
+    FinishEditor();
     setCurrentIndex(Model().index(row, column));
     scrollTo(currentIndex());
 }

@@ -24,6 +24,7 @@ namespace calyx::ui {
 namespace {
 
 constexpr int kFilterWidth = 160;
+constexpr int kSentenceWidth = 320;
 constexpr int kSentenceLines = 2;  // room for most, so that the table does not jump
 
 constexpr ctlItemTable::Texts kTexts{.name = say::kTableName,
@@ -45,6 +46,7 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
       count_(new QLabel),
       sentence_(new QLabel),
       problem_(new QLabel),
+      below_(new QWidget),
       bar_(new ctlSetpointBar(session, tools, QStringLiteral("table."))) {
     MakeGrid(SetpointHeadings(Words()),
              [this](const CIndicator& document) { return SetpointRows(document, filter_); });
@@ -69,11 +71,12 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
     column->addWidget(noMatch_, 1);
     column->addWidget(problem_);
     column->addWidget(sentence_);
-    auto* below = new QHBoxLayout;
+    auto* below = new QHBoxLayout(below_);
+    below->setContentsMargins(0, 0, 0, 0);
     below->setSpacing(metrics::kGroups);
     below->addWidget(MakeButtons(false));
     below->addWidget(bar_, 1);
-    column->addLayout(below);
+    column->addWidget(below_);
     setTabOrder(checks_.back(), &Grid());
     connect(Grid().selectionModel(), &QItemSelectionModel::currentChanged, this,
             &ctlSetpointTable::ShowCurrent);
@@ -81,6 +84,7 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
     connect(bar_, &ctlSetpointBar::Made, this, &ctlSetpointTable::GoTo);
     connect(&session, &DocumentSession::Changed, this, &ctlSetpointTable::Follow);
     connect(&session, &DocumentSession::Replaced, this, &ctlSetpointTable::Follow);
+    Grid().GoTo(1);
     ShowCount();
     ShowCurrent();
 }
@@ -94,6 +98,7 @@ void ctlSetpointTable::SetWidths() {
     int column = 0;
     for (const int characters : kCharacters)
         Grid().setColumnWidth(column++, characters * wide + 2 * metrics::kRelated);
+    Grid().SetLastColumn(kSentenceWidth);
 }
 
 QCheckBox* ctlSetpointTable::MakeCheck(int text, int tip, const char* name, bool SetpointFilter::*what) {
@@ -221,7 +226,7 @@ void ctlSetpointTable::ShowCount() {
     count_->setText(Say(Words(), say::kShownOf, QString::number(rows), QString::number(kSetpoints)));
     Grid().setVisible(rows > 0);
     noMatch_->setVisible(rows == 0);
-    bar_->setEnabled(rows > 0);
+    below_->setVisible(rows > 0);
 }
 
 void ctlSetpointTable::ShowCurrent() {

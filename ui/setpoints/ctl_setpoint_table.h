@@ -48,7 +48,7 @@ class ctlSetpointTable : public ctlItemTable {
     QComboBox* kind_;
     std::vector<QCheckBox*> checks_;
     QLabel *count_, *sentence_, *problem_;
-    QWidget* noMatch_;
+    QWidget *below_, *noMatch_ = nullptr;
     ctlSetpointBar* bar_;
     bool stale_ = false;
 };

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QContextMenuEvent>
+#include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QMenu>
@@ -17,6 +18,19 @@ ctlItemGrid::ctlItemGrid(DocumentSession& session, GridModel* model, const QStri
     connect(this, &QTableView::doubleClicked, this, [this](const QModelIndex& index) {
         if (LeadsToPage(index)) emit OpenWanted(CurrentNumber());
     });
+}
+
+void ctlItemGrid::SetLastColumn(int least) {
+    leastLast_ = least;
+    horizontalHeader()->setStretchLastSection(false);
+}
+
+void ctlItemGrid::resizeEvent(QResizeEvent* event) {
+    ctlGrid::resizeEvent(event);
+    if (leastLast_ == 0) return;
+    const int last = Model().columnCount() - 1;
+    setColumnWidth(last, std::max(leastLast_, viewport()->width() - columnViewportPosition(last) -
+                                                  horizontalHeader()->offset()));
 }
 
 int ctlItemGrid::CurrentNumber() const {
@@ -35,7 +49,10 @@ std::vector<int> ctlItemGrid::ChosenNumbers() const {
 bool ctlItemGrid::GoTo(int number) {
     for (int row = 0; row < Model().rowCount(); ++row) {
         if (Model().RowAt(row).item.number != number) continue;
-        selectionModel()->setCurrentIndex(Model().index(row, 0), QItemSelectionModel::ClearAndSelect);
+        // The first alone would leave the selection while Ctrl is held; the second alone would let Shift
+        // select from where the view was before.
+        setCurrentIndex(Model().index(row, 0));
+        selectionModel()->select(currentIndex(), QItemSelectionModel::ClearAndSelect);
         scrollTo(currentIndex());
         return true;
     }
@@ -52,13 +69,23 @@ bool ctlItemGrid::LeadsToPage(const QModelIndex& index) const {
     return index.isValid() && Model().KeyAt(index).empty() && Model().GoToOf(index).isEmpty();
 }
 
+void ctlItemGrid::Copy() {
+    if (!WholeItemsChosen()) return ctlGrid::Copy();
+    emit CopyWanted();
+}
+
+void ctlItemGrid::Paste() {
+    if (!WholeItemsChosen() && !holdsItems_()) return ctlGrid::Paste();
+    emit PasteWanted();
+}
+
+void ctlItemGrid::ResetToDefault() {
+    if (!WholeItemsChosen()) return ctlGrid::ResetToDefault();
+    emit ClearWanted();
+}
+
 void ctlItemGrid::keyPressEvent(QKeyEvent* event) {
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    const bool clears = event->key() == Qt::Key_Delete || event->key() == Qt::Key_Backspace;
-    const bool whole = WholeItemsChosen();
-    if (event->matches(QKeySequence::Copy) && whole) return emit CopyWanted();
-    if (event->matches(QKeySequence::Paste) && (whole || holdsItems_())) return emit PasteWanted();
-    if (clears && whole) return emit ClearWanted();
     if (enter && event->modifiers() == Qt::NoModifier && LeadsToPage(currentIndex()))
         return emit OpenWanted(CurrentNumber());
     ctlGrid::keyPressEvent(event);

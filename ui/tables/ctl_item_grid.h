@@ -22,6 +22,9 @@ class ctlItemGrid : public ctlGrid {
     // everywhere in the grid.
     void SetCommands(std::vector<QAction*> commands) { commands_ = std::move(commands); }
 
+    // The last column fills the grid, but is never narrower than this; in pixels.
+    void SetLastColumn(int least);
+
     int CurrentNumber() const;               // 0: none
     std::vector<int> ChosenNumbers() const;  // of the rows with chosen cells, from the top
     bool GoTo(int number);                   // to the row of an item, its first column; false: not shown
@@ -32,9 +35,15 @@ class ctlItemGrid : public ctlGrid {
     void PasteWanted();
     void ClearWanted();
 
+  public slots:
+    void Copy() override;
+    void Paste() override;
+    void ResetToDefault() override;
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
   private:
     bool WholeItemsChosen() const;
@@ -42,6 +51,7 @@ class ctlItemGrid : public ctlGrid {
 
     std::function<bool()> holdsItems_;
     std::vector<QAction*> commands_;
+    int leastLast_ = 0;
 };
 
 }  // namespace calyx::ui

@@ -36,7 +36,10 @@ class PrinterControl final : public form::ChoiceControl {
     using Follow = std::function<bool(const std::string& type)>;
 
     PrinterControl(const CTextList& types, QWidget* parent, Follow follow)
-        : ChoiceControl(types, parent), follow_(std::move(follow)) {}
+        : ChoiceControl(types, parent), follow_(std::move(follow)) {
+        constexpr int kNarrowest = 160;  // so that the preview may be narrow; the list has the whole names
+        Widget()->setMinimumWidth(kNarrowest);
+    }
     bool MayTake(const std::string& text) override { return follow_(text); }
 
   private:
@@ -66,7 +69,7 @@ ctlTicket::ctlTicket(DocumentSession& session, const ItemRef& ticket, const Page
     sides->setChildrenCollapsible(false);
     sides->addWidget(MakeTextSide());
     sides->addWidget(MakePreviewSide());
-    sides->setHandleWidth(metrics::kGroups);
+    sides->setHandleWidth(metrics::kHalf);
     constexpr int kTextShare = 11, kPreviewShare = 10;
     sides->setStretchFactor(0, kTextShare);
     sides->setStretchFactor(1, kPreviewShare);
@@ -130,7 +133,7 @@ QWidget* ctlTicket::MakeTextSide() {
     block->addSpacing(metrics::kRelated);
     block->addWidget(tokens, 2);
     auto* column = new QVBoxLayout(textSide_);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(0, metrics::kHalf, metrics::kHalf, 0);  // room for the frame that lights up
     column->setSpacing(metrics::kHalf);
     column->addLayout(heading);
     column->addLayout(block, 1);
@@ -163,9 +166,13 @@ QWidget* ctlTicket::MakeCommands() {
 QWidget* ctlTicket::MakePreviewSide() {
     auto* side = new QWidget;
     auto* column = new QVBoxLayout(side);
-    column->setContentsMargins(0, 0, 0, 0);
+    column->setContentsMargins(0, metrics::kHalf, 0, 0);
     column->setSpacing(metrics::kRelated);
-    column->addWidget(preview_, 1);
+    // The fields' marks stand left of everything else.
+    auto* indented = new QVBoxLayout;
+    indented->setContentsMargins(kMarkRoom, 0, 0, 0);
+    indented->addWidget(preview_);
+    column->addLayout(indented, 1);
     if (!KeyOf("PRN").empty()) column->addWidget(MakeForm());
     return side;
 }

@@ -72,7 +72,6 @@ ctlTicketPreview::ctlTicketPreview(const ResourceTexts& texts)
       page_(new QLabel),
       cut_(new QLabel) {
     auto* heading = new QLabel(Say(texts_, say::kPreview));
-    heading->setFont(StrongFont());
     heading->setMinimumHeight(metrics::kControlHeight);
     heading->setBuddy(scroll_);
     auto* sample = new QLabel(Say(texts_, say::kSampleNote));

@@ -1,7 +1,9 @@
 #include "ui/tickets/ctl_ticket_table.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -59,7 +61,7 @@ QStringList TicketHeadings(const ResourceTexts& texts) {
 
 ctlTicketTable::ctlTicketTable(DocumentSession& session) : ctlItemTable(session, kTexts), note_(new QLabel) {
     MakeGrid(TicketHeadings(Words()), TicketRows);
-    constexpr int kCharacters[] = {24, 8, 8, 10};
+    constexpr int kCharacters[] = {24, 11, 8, 10};  // a port with its mark, else words and headings
     const int wide = Grid().fontMetrics().averageCharWidth();
     for (int column = 0; column < 4; ++column)
         Grid().setColumnWidth(column, kCharacters[column] * wide + 2 * metrics::kRelated);
@@ -73,7 +75,16 @@ ctlTicketTable::ctlTicketTable(DocumentSession& session) : ctlItemTable(session,
     column->setSpacing(metrics::kRelated);
     column->addWidget(&Grid(), 1);
     column->addWidget(note_);
-    column->addWidget(MakeButtons(true));
+    auto* restore = new QPushButton(Say(Words(), say::kRestoreText));
+    restore->setObjectName(QStringLiteral("cmdRestoreTexts"));
+    restore->setToolTip(Say(Words(), say::kRestoreTextTip));
+    restore->setAutoDefault(false);
+    connect(restore, &QPushButton::clicked, &Grid(), &ctlItemGrid::ClearWanted);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(MakeButtons(false));
+    buttons->addStretch(1);
+    buttons->addWidget(restore);
+    column->addLayout(buttons);
     connect(Grid().selectionModel(), &QItemSelectionModel::currentChanged, this, &ctlTicketTable::ShowNote);
     connect(&Grid().Model(), &GridModel::UntakenChanged, this, &ctlTicketTable::ShowNote);
     ShowNote();

@@ -73,7 +73,9 @@ QString ctlTicketText::Held() const {
 void ctlTicketText::ShowBytes(std::string_view bytes) {
     if (Bytes() == bytes) return;
     const QScopedValueRollback<bool> settling(settling_, true);
+    const bool first = document()->isEmpty();
     Replace(script_.Show(bytes));
+    if (first) moveCursor(QTextCursor::Start);
 }
 
 void ctlTicketText::TakeHeld(const QString& held) {

@@ -48,7 +48,6 @@ ctlTicketTokens::ctlTicketTokens(const TicketTokens& tokens, const ResourceTexts
     none_->setWordWrap(true);
     none_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     auto* label = new QLabel(Say(texts_, say::kTokens));
-    label->setFont(StrongFont());
     label->setBuddy(search_);
     auto* first = new QHBoxLayout;
     first->setSpacing(metrics::kGroups);

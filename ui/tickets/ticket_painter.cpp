@@ -77,7 +77,8 @@ void TicketPainter::PaintPage(QPainter& painter, int page) const {
                          QSizeF(sheet_.charsPerLine * cellWidth_, sheet_.linesPerPage * cellHeight_));
     painter.setPen(QPen(colours_.guide, 1, Qt::DotLine));
     painter.setBrush(Qt::NoBrush);
-    painter.drawRect(printed);
+    constexpr double kAir = 3;  // between the print and its guide
+    painter.drawRect(printed.adjusted(-kAir, -kAir, kAir, kAir));
 }
 
 void TicketPainter::PaintLine(QPainter& painter, int line) const {

@@ -22,8 +22,9 @@ class ctlPages : public QWidget {
     // Shows the field of a key on the present page. False: it has none.
     bool FocusKey(const QString& key);
     void FocusPage();
-    std::optional<ItemRef> ShownItem();             // of the present page
-    void SetDiffering(std::set<std::string> keys);  // in capitals; empty: not compared
+    const Place* ShownPlace() const { return place_; }  // nothing before Show
+    std::optional<ItemRef> ShownItem();                 // of the present page
+    void SetDiffering(std::set<std::string> keys);      // in capitals; empty: not compared
 
   signals:
     void KeyFocused(const QString& key);

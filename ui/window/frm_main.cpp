@@ -136,6 +136,10 @@ void frmMain::ConnectCommands() {
     on(actions_->linkSend, [this] { link_.Send(); });
     on(actions_->linkRead, [this] { link_.Read(); });
     on(actions_->linkCompare, [this] { link_.Compare(); });
+    on(actions_->linkCalibrate, [this] { link_.Calibrate(); });
+    on(actions_->linkTerminal, [this] { link_.Terminal(); });
+    on(actions_->linkTraining, [this] { link_.Training(); });
+    on(actions_->toolsStream, [this] { link_.SimulateStream(); });
     on(actions_->toolsCheck, [this] { Check(); });
     on(actions_->helpContents, [this] { ShowHelpContents(); });
     on(actions_->helpParameters, [this] { ShowParameterReference(); });

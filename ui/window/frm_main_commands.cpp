@@ -90,7 +90,8 @@ void frmMain::RestoreShown() {
     const auto item = pages_->ShownItem();
     if (!item) return status_->ShowMessage(Text(items_text::kNoItemShown));
     RestoreDefaults(
-        session_, [this](const Question& question) { return dialogs_.Ask(this, question); }, *item);
+        session_, [this](const Question& question) { return dialogs_.Ask(this, question); }, *item,
+        *pages_->ShownPlace());
 }
 
 void frmMain::Redo() {

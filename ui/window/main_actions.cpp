@@ -5,6 +5,9 @@
 #include <QToolButton>
 
 #include "ui/items/items_texts.h"
+#include "ui/link/calibration/wizard_texts.h"
+#include "ui/link/terminal/terminal_texts.h"
+#include "ui/link/tools/tool_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -40,6 +43,10 @@ MainActions::MainActions(const ResourceTexts& texts, QObject* parent)
     linkSend->setShortcuts({Keys(QStringLiteral("Ctrl+Return")), Keys(QStringLiteral("Ctrl+Enter"))});
     linkRead = Make("linkRead", say::kRead, {}, IconName::Read);
     linkCompare = Make("linkCompare", say::kCompare, {}, IconName::Compare);
+    linkCalibrate = Make("linkCalibrate", wizard_text::kMenu);
+    linkTerminal = Make("linkTerminal", terminal_text::kMenu);
+    linkTraining = Make("linkTraining", tool_text::kTrainingMenu);
+    toolsStream = Make("toolsStream", tool_text::kStreamMenu);
     toolsCheck = Make("toolsCheck", say::kCheck, Keys(QStringLiteral("F5")), IconName::Problem);
     helpContents = Make("helpContents", say::kContents, Keys(Qt::Key_F1));
     helpParameters = Make("helpParameters", say::kParameters);
@@ -124,11 +131,13 @@ void MainActions::MakeMenus(QMenuBar& bar) {
     look->addActions(looks->actions());
 
     QMenu* indicator = AddMenu(bar, say::kMenuIndicator, "menuIndicator");
-    indicator->addActions({linkConnect, linkSimulated, linkDisconnect});
+    indicator->addActions({linkConnect, linkSimulated, linkTraining, linkDisconnect});
     indicator->addSeparator();
     indicator->addActions({linkSend, linkRead, linkCompare});
+    indicator->addSeparator();
+    indicator->addActions({linkCalibrate, linkTerminal});
 
-    AddMenu(bar, say::kMenuTools, "menuTools")->addAction(toolsCheck);
+    AddMenu(bar, say::kMenuTools, "menuTools")->addActions({toolsCheck, toolsStream});
     AddMenu(bar, say::kMenuHelp, "menuHelp")
         ->addActions({helpContents, helpParameters, helpKeyboard, helpAbout});
 }
@@ -141,7 +150,7 @@ void MainActions::MakeToolBar(QToolBar& bar) {
     bar.addAction(linkConnect);
     if (auto* button = qobject_cast<QToolButton*>(bar.widgetForAction(linkConnect))) {
         auto* menu = new QMenu(button);
-        menu->addActions({linkConnect, linkSimulated, linkDisconnect});
+        menu->addActions({linkConnect, linkSimulated, linkTraining, linkDisconnect});
         button->setMenu(menu);
         button->setPopupMode(QToolButton::MenuButtonPopup);
     }

@@ -29,8 +29,9 @@ class MainActions : public QObject {
     QAction *fileNew, *fileOpen, *fileSave, *fileSaveAs, *fileSaveCopy, *filePrint, *fileImport, *fileExit;
     QAction *editUndo, *editRedo, *editFind, *editDefaults;
     QAction *viewToolBar, *viewStatusBar, *viewLines, *viewPanes, *viewPrevious, *viewNext;
-    QAction *linkConnect, *linkSimulated, *linkDisconnect, *linkSend, *linkRead, *linkCompare;
-    QAction* toolsCheck;
+    QAction *linkConnect, *linkSimulated, *linkDisconnect, *linkSend, *linkRead, *linkCompare, *linkCalibrate,
+        *linkTerminal, *linkTraining;
+    QAction *toolsCheck, *toolsStream;
     QAction *helpContents, *helpParameters, *helpKeyboard, *helpAbout;
 
     QMenu* recent = nullptr;      // filled by the window

@@ -2,6 +2,8 @@
 
 #include <memory>
 
+#include "ui/boxes/ctl_box.h"
+#include "ui/boxes/ctl_boxes.h"
 #include "ui/database/ctl_database.h"
 #include "ui/form/form_page.h"
 #include "ui/hardware/ctl_hardware.h"
@@ -88,10 +90,20 @@ Page MakeSetpoint(DocumentSession& session, const ItemRef& item, const PageTools
             [page](const std::set<std::string>& keys) { page->Form()->SetDiffering(keys); }};
 }
 
+Page MakeBox(DocumentSession& session, const ItemRef& item, const PageEvents& events) {
+    auto* page = new ctlBox(session, item);
+    QObject::connect(page, &ctlBox::KeyFocused, page, events.keyFocused);
+    QObject::connect(page, &ctlBox::ShowInLines, page, events.showInLines);
+    return {page, [page](const QString& key) { return page->FocusKey(key); },
+            [page](const std::set<std::string>& keys) { page->SetDiffering(keys); }};
+}
+
 Page MakeItem(DocumentSession& session, const ItemRef& item, const PageTools& tools,
               const PageEvents& events) {
-    constexpr int kScale = 3100, kSetpoint = 3500, kPort = 4100;  // titles of items
+    constexpr int kScale = 3100, kSetpoint = 3500, kPort = 4100, kBox = 8100;  // titles of items
     switch (item.kind) {
+        case kBox:
+            return MakeBox(session, item, events);
         case kScale:
             return MakeScale(session, item, tools, events);
         case kSetpoint:
@@ -122,7 +134,13 @@ Page MakeCollection(DocumentSession& session, const Place& place, const PageTool
     if (place.section == "scales") return MakeTable(new ctlScaleTable(session), page, events);
     if (place.section == "setpoints") return MakeTable(new ctlSetpointTable(session, tools), page, events);
     QObject::connect(page, &ctlItemsPage::ItemShown, page, events.itemShown);
-    return {page, [page](const QString& key) { return page->FocusKey(key); },
+    QWidget* widget = page;
+    if (place.section == "junctionboxes") {
+        auto* boxes = new ctlBoxes(session, page);
+        QObject::connect(boxes, &ctlBoxes::ParameterWanted, boxes, events.parameterWanted);
+        widget = boxes;
+    }
+    return {widget, [page](const QString& key) { return page->FocusKey(key); },
             [page](const std::set<std::string>& keys) { page->SetDiffering(keys); },
             [page] { return page->Current(); }};
 }

@@ -27,7 +27,7 @@ constexpr std::array kDigitalKeys{"DIO."sv};
 constexpr std::array kScaleKinds{3100};
 constexpr std::array kScaleColumns{"ALIAS"sv, "KIND"sv, "SRC"sv, "PRI.UNITS"sv, "GRADS"sv};
 constexpr std::array kBoxKinds{8100};
-constexpr std::array kBoxColumns{"CONFIG"sv, "SECT_TYPE"sv};
+constexpr std::array kBoxColumns{"SYS.NAME.1"sv, "CONFIG"sv, "SECT_TYPE"sv};
 constexpr std::array kSetpointKinds{3500};
 constexpr std::array kSetpointColumns{"ALIAS"sv, "KIND"sv,  "SOURCE"sv, "VALUE"sv,
                                       "BATCH"sv, "DSLOT"sv, "DIGOUT"sv};

@@ -33,7 +33,7 @@ inline constexpr int kReadBack = 41686;
 inline constexpr int kDone = 41687;  // accepted, cannot be read back
 inline constexpr int kRefused = 41688;
 inline constexpr int kNoAnswer = 41689;
-inline constexpr int kOther = 41690;   // {1} what was read back
+inline constexpr int kOther = 41690;  // {1} what was read back
 inline constexpr int kMissing = 41691;
 inline constexpr int kNotSentYet = 41692;
 inline constexpr int kPaused = 41693;
@@ -44,7 +44,6 @@ inline constexpr int kCannotGoBack = 41697;  // {1} keys
 inline constexpr int kRestored = 41698;
 inline constexpr int kReadCancelled = 41699;
 inline constexpr int kBackupFolder = 41700;  // {1} path, {2} reason
-inline constexpr int kNotAll = 41701;        // {1} number that went wrong
 inline constexpr int kUnread = 41702;
 
 // A run that was broken off.

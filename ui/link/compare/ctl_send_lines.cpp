@@ -21,7 +21,7 @@ using Fate = PlannedLine::Fate;
 namespace {
 
 enum Column { kKeyColumn, kCaptionColumn, kDocumentColumn, kHeldColumn, kStateColumn };
-constexpr int kKeyWidth = 200, kCaptionWidth = 180, kValueWidth = 150;
+constexpr int kKeyWidth = 190, kCaptionWidth = 150, kValueWidth = 110, kIndent = 16;
 constexpr int kPlaceOfLine = Qt::UserRole;  // in lines_, of the item of a line
 
 constexpr std::string_view kTickStrokes = "M 3 8 L 7 12 L 13 4";
@@ -29,7 +29,8 @@ constexpr std::string_view kCrossStrokes = "M 4 4 L 12 12 M 12 4 L 4 12";
 
 // Green that can be read on the field's colour; the mark beside it says the same without colour.
 QColor GoodColour(const QPalette& palette) {
-    return palette.color(role::kField).lightness() > 127 ? QColor(0x1a, 0x6b, 0x30) : QColor(0x5f, 0xd0, 0x82);
+    return palette.color(role::kField).lightness() > 127 ? QColor(0x1a, 0x6b, 0x30)
+                                                         : QColor(0x5f, 0xd0, 0x82);
 }
 
 std::string ValueOf(const std::string& line) {
@@ -46,6 +47,7 @@ ctlSendLines::ctlSendLines(const CIndicator& document, QWidget* parent)
     setHeaderLabels({Say(texts_, kLine), Say(texts_, say::kMeaning), Say(texts_, say::kDocumentSide),
                      Say(texts_, say::kIndicatorSide), Say(texts_, kState)});
     setUniformRowHeights(true);
+    setIndentation(kIndent);
     setAllColumnsShowFocus(true);
     setEditTriggers(NoEditTriggers);
     header()->setSectionsMovable(false);
@@ -91,18 +93,15 @@ void ctlSendLines::Add(const PlannedLine& line, const QString& place, std::size_
     if (goes) {
         item->setCheckState(0, line.ticked ? Qt::Checked : Qt::Unchecked);
         if (whole) item->setToolTip(0, Say(texts_, kGoesWhole));
-        if (!group->data(0, Qt::CheckStateRole).isValid()) {
-            group->setFlags(group->flags() | Qt::ItemIsAutoTristate | Qt::ItemIsUserCheckable);
-            group->setCheckState(0, Qt::Checked);
-        }
     } else {
         item->setFlags(item->flags() & ~Qt::ItemIsUserCheckable);
         for (int column = 0; column < columnCount(); ++column)
             item->setForeground(column, palette().brush(role::kQuietText));
     }
-    lines_.push_back({item, number, line.step, line.key, line.line, goes, whole});
+    lines_.push_back(
+        {item, number, line.step, line.key, line.line, goes, whole, line.fate != Fate::NotKnown});
     SetState(lines_.back(), goes ? Say(texts_, line.ticked ? kWillGo : kWillNotGo) : Shown(line.reason),
-             Mark::None);
+             Sign::None);
 }
 
 void ctlSendLines::ShowPlan(const SendPlan& plan) {
@@ -126,6 +125,7 @@ void ctlSendLines::ShowPlan(const SendPlan& plan) {
         const bool whole = line.fate == Fate::Send && !plan.All()[line.step].clears.empty();
         Add(line, place, i, whole);
     }
+    ShowGroupTicks();
 }
 
 void ctlSendLines::ShowRecord(const SendRecord& record) {
@@ -164,20 +164,46 @@ void ctlSendLines::TakeTicks(SendPlan& plan) const {
     }
 }
 
+// A group's tick is that of all its lines.
 void ctlSendLines::TickChanged(QTreeWidgetItem* item, int column) {
+    if (filling_ || column != 0) return;
+    const Qt::CheckState tick = item->checkState(0);
     const QVariant place = item->data(0, kPlaceOfLine);
-    if (filling_ || column != 0 || !place.isValid()) return;
-    const Line& changed = lines_[place.toULongLong()];
+    for (const Line& line : lines_) {
+        if (place.isValid() ? line.item == item : line.item->parent() == item) Tick(line, tick);
+    }
+    ShowGroupTicks();
+    emit TicksChanged();
+}
+
+void ctlSendLines::Tick(const Line& changed, Qt::CheckState tick) {
     if (!changed.goes) return;
     const QScopedValueRollback<bool> filling(filling_, true);
-    const Qt::CheckState tick = item->checkState(0);
     for (const Line& line : lines_) {
         const bool same = &line == &changed || (changed.whole && line.whole && line.step == changed.step);
         if (!same || !line.goes) continue;
         line.item->setCheckState(0, tick);
-        SetState(line, Say(texts_, tick == Qt::Checked ? kWillGo : kWillNotGo), Mark::None);
+        SetState(line, Say(texts_, tick == Qt::Checked ? kWillGo : kWillNotGo), Sign::None);
     }
-    emit TicksChanged();
+}
+
+void ctlSendLines::ShowGroupTicks() {
+    struct Count {
+        int lines = 0, ticked = 0;
+    };
+    const QScopedValueRollback<bool> filling(filling_, true);
+    std::map<QTreeWidgetItem*, Count> counts;
+    for (const Line& line : lines_) {
+        if (!line.goes) continue;
+        Count& count = counts[line.item->parent()];
+        ++count.lines;
+        count.ticked += line.item->checkState(0) == Qt::Checked ? 1 : 0;
+    }
+    for (const auto& [group, count] : counts) {
+        group->setCheckState(0, count.ticked == 0             ? Qt::Unchecked
+                                : count.ticked == count.lines ? Qt::Checked
+                                                              : Qt::PartiallyChecked);
+    }
 }
 
 void ctlSendLines::SetTickable(bool tickable) {
@@ -207,12 +233,12 @@ void ctlSendLines::SetFilter(Filter filter, const QString& words) {
     for (const auto& [group, any] : shown) group->setHidden(!any);
 }
 
-void ctlSendLines::SetState(const Line& line, const QString& words, enum Mark mark) {
+void ctlSendLines::SetState(const Line& line, const QString& words, Sign sign) {
     const QScopedValueRollback<bool> filling(filling_, true);
     line.item->setText(kStateColumn, words);
     line.item->setToolTip(kStateColumn, words);
-    if (mark == Mark::None) return line.item->setIcon(kStateColumn, QIcon());
-    const bool good = mark == Mark::Good;
+    if (sign == Sign::None) return line.item->setIcon(kStateColumn, QIcon());
+    const bool good = sign == Sign::Good;
     const QColor colour = good ? GoodColour(palette()) : palette().color(role::kProblem);
     constexpr int kSide = 16;
     QPixmap picture(QSize(kSide, kSide) * devicePixelRatioF());
@@ -233,7 +259,7 @@ void ctlSendLines::BeginRun() {
     for (std::size_t i = 0; i < lines_.size(); ++i) {
         if (!lines_[i].goes || lines_[i].item->checkState(0) != Qt::Checked) continue;
         run_.push_back(i);
-        SetState(lines_[i], Say(texts_, kNotSentYet), Mark::None);
+        SetState(lines_[i], Say(texts_, kNotSentYet), Sign::None);
         lines_[i].item->setData(kStateColumn, Qt::ForegroundRole, QVariant());
     }
 }
@@ -242,9 +268,9 @@ void ctlSendLines::Mark(LineFate fate) {
     if (next_ >= run_.size() || fate == LineFate::Waiting) return;
     const Line& line = lines_[run_[next_++]];
     if (fate == LineFate::Accepted) {
-        SetState(line, Say(texts_, kAccepted), Mark::None);
+        SetState(line, Say(texts_, kAccepted), Sign::None);
     } else {
-        SetState(line, Say(texts_, fate == LineFate::Refused ? kRefused : kNoAnswer), Mark::Bad);
+        SetState(line, Say(texts_, fate == LineFate::Refused ? kRefused : kNoAnswer), Sign::Bad);
     }
     if (!line.item->isHidden()) scrollToItem(line.item);
 }
@@ -258,24 +284,27 @@ void ctlSendLines::ShowReport(const SafeSendReport& report) {
         line.green = result.green;
         if (result.fate != LineFate::Waiting) next_ = i + 1;
         if (report.readBack && !line.key.empty())
-            line.item->setText(kHeldColumn, result.held ? ShownValue(*result.held) : Say(texts_, say::kNoLine));
+            line.item->setText(kHeldColumn,
+                               result.held ? ShownValue(*result.held) : Say(texts_, say::kNoLine));
         switch (result.fate) {
             case LineFate::Waiting:
-                SetState(line, Say(texts_, kNotSentYet), Mark::None);
+                SetState(line, Say(texts_, kNotSentYet), Sign::None);
                 break;
             case LineFate::Refused:
             case LineFate::Unanswered:
-                SetState(line, Say(texts_, result.fate == LineFate::Refused ? kRefused : kNoAnswer), Mark::Bad);
+                SetState(line, Say(texts_, result.fate == LineFate::Refused ? kRefused : kNoAnswer),
+                         Sign::Bad);
                 break;
             case LineFate::Accepted:
                 if (result.green)
-                    SetState(line, Say(texts_, result.readable ? kReadBack : kDone), Mark::Good);
+                    SetState(line, Say(texts_, result.readable ? kReadBack : kDone), Sign::Good);
                 else if (!report.readBack)
-                    SetState(line, Say(texts_, kUnread), Mark::Bad);
+                    SetState(line, Say(texts_, kUnread), Sign::Bad);
                 else
-                    SetState(line,
-                             result.held ? Say(texts_, kOther, ShownValue(*result.held)) : Say(texts_, kMissing),
-                             Mark::Bad);
+                    SetState(
+                        line,
+                        result.held ? Say(texts_, kOther, ShownValue(*result.held)) : Say(texts_, kMissing),
+                        Sign::Bad);
         }
     }
 }
@@ -287,7 +316,7 @@ void ctlSendLines::ShowRestored() {
 std::set<std::string> ctlSendLines::Differing() const {
     std::set<std::string> keys;
     for (const Line& line : lines_) {
-        if (!line.key.empty() && !line.green) keys.insert(Upper(line.key));
+        if (!line.key.empty() && line.differs && !line.green) keys.insert(Upper(line.key));
     }
     return keys;
 }

@@ -50,18 +50,20 @@ class ctlSendLines : public QTreeWidget {
         std::size_t plan;  // place in the plan
         std::size_t step;
         std::string key, text;
-        bool goes;   // can be ticked
-        bool whole;  // with all of its step
+        bool goes;     // can be ticked
+        bool whole;    // with all of its step
+        bool differs;  // and the indicator could have it
         bool green = false;
     };
-    enum class Mark { None, Good, Bad };
+    enum class Sign { None, Good, Bad };
 
     QTreeWidgetItem* Group(const QString& place);
     void Add(const PlannedLine& line, const QString& place, std::size_t number, bool whole);
-    void SetState(const Line& line, const QString& words, enum Mark mark);
+    void SetState(const Line& line, const QString& words, Sign sign);
     void TickChanged(QTreeWidgetItem* item, int column);
-    void ShowCurrent(const Line& line);
-    void Finish();
+    void Tick(const Line& changed, Qt::CheckState tick);
+    void ShowGroupTicks();
+    void ShowFirstBad();
 
     const CIndicator& document_;
     const ResourceTexts& texts_;

@@ -33,9 +33,7 @@ inline constexpr int kNotFound = 41626;
 inline constexpr int kDetectGivenUp = 41627;
 inline constexpr int kNeedPort = 41628;
 inline constexpr int kSerialHint = 41629;
-inline constexpr int kPortGone = 41630;  // {1} port
 inline constexpr int kPortWithWords = 41631;  // {1} port, {2} what it is
-inline constexpr int kStillConnected = 41632;
 inline constexpr int kAddressName = 41633;
 
 }  // namespace calyx::ui::connect_text

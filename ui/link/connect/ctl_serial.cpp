@@ -43,25 +43,24 @@ std::string Chosen(const QComboBox& combo) {
 
 }  // namespace
 
-ctlSerial::ctlSerial(const ResourceTexts& texts, QWidget* parent)
+ctlSerial::ctlSerial(const ResourceTexts& texts, Use use, QWidget* parent)
     : QWidget(parent),
       texts_(texts),
       port_(new QComboBox),
       baud_(MakeCombo("cboBaud", {})),
-      parity_(MakeCombo("cboParity", {{Say(texts, kParityNone), "N"},
-                                      {Say(texts, kParityEven), "E"},
-                                      {Say(texts, kParityOdd), "O"}})),
-      dataBits_(MakeCombo("cboDataBits",
-                          {{QStringLiteral("8"), "8"}, {QStringLiteral("7"), "7"}})),
-      stopBits_(MakeCombo("cboStopBits",
-                          {{QStringLiteral("1"), "1"}, {QStringLiteral("2"), "2"}})),
+      parity_(MakeCombo(
+          "cboParity",
+          {{Say(texts, kParityNone), "N"}, {Say(texts, kParityEven), "E"}, {Say(texts, kParityOdd), "O"}})),
+      dataBits_(MakeCombo("cboDataBits", {{QStringLiteral("8"), "8"}, {QStringLiteral("7"), "7"}})),
+      stopBits_(MakeCombo("cboStopBits", {{QStringLiteral("1"), "1"}, {QStringLiteral("2"), "2"}})),
       noPorts_(MakeNote("lblNoPorts")),
       addressed_(new QCheckBox(Say(texts, kAddressed))),
       everyTime_(new QCheckBox(Say(texts, kEveryTime))),
       storedFirst_(new QCheckBox(Say(texts, kStoredFirst))),
       address_(new QSpinBox),
       detect_(MakeButton(texts, kDetect, "cmdDetect")) {
-    for (const char* baud : {"300", "600", "1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200"})
+    for (const char* baud :
+         {"300", "600", "1200", "2400", "4800", "9600", "19200", "38400", "57600", "115200"})
         baud_->addItem(QLatin1String(baud), QLatin1String(baud));
     port_->setObjectName(QStringLiteral("cboPort"));
     port_->setEditable(true);
@@ -83,7 +82,7 @@ ctlSerial::ctlSerial(const ResourceTexts& texts, QWidget* parent)
     detect_->setToolTip(Say(texts, kDetectTip));
     for (QCheckBox* box : {addressed_, everyTime_, storedFirst_})
         box->setMinimumHeight(metrics::kControlHeight);
-    MakeFields();
+    MakeFields(use);
     connect(detect_, &QPushButton::clicked, this, &ctlSerial::DetectWanted);
     connect(addressed_, &QCheckBox::toggled, this, &ctlSerial::ShowChoices);
     connect(everyTime_, &QCheckBox::toggled, this, &ctlSerial::ShowChoices);
@@ -91,9 +90,9 @@ ctlSerial::ctlSerial(const ResourceTexts& texts, QWidget* parent)
     ShowChoices();
 }
 
-void ctlSerial::MakeFields() {
+void ctlSerial::MakeFields(Use use) {
     auto* fields = new QGridLayout(this);
-    fields->setContentsMargins(metrics::kPageEdge, 0, 0, 0);
+    fields->setContentsMargins(use == Use::Indicator ? metrics::kPageEdge : 0, 0, 0, 0);
     fields->setHorizontalSpacing(metrics::kGroups);
     fields->setVerticalSpacing(metrics::kRelated);
     fields->setColumnStretch(1, 1);
@@ -106,6 +105,14 @@ void ctlSerial::MakeFields() {
     label->setBuddy(baud_);
     fields->addWidget(label, 2, 0);
     fields->addWidget(MakeFramingRow(), 2, 1);
+    if (use == Use::Plain) {
+        for (QWidget* absent :
+             std::initializer_list<QWidget*>{addressed_, address_, everyTime_, storedFirst_, detect_}) {
+            absent->setParent(this);
+            absent->hide();
+        }
+        return;
+    }
     fields->addWidget(new QLabel(Say(texts_, kHandshake)), 3, 0);
     auto* handshake = new QLabel(Say(texts_, kNoHandshake));
     handshake->setForegroundRole(role::kQuietText);
@@ -174,9 +181,9 @@ void ctlSerial::Refresh() {
     port_->clear();
     for (const SerialPortInfo& info : ports) {
         const QString name = Shown(info.name);
-        port_->addItem(info.description.empty() ? name
-                                                : Say(texts_, kPortWithWords, name, Shown(info.description)),
-                       name);
+        port_->addItem(
+            info.description.empty() ? name : Say(texts_, kPortWithWords, name, Shown(info.description)),
+            name);
     }
     noPorts_->setVisible(ports.empty());
     const int place = port_->findData(Shown(before));
@@ -219,7 +226,7 @@ void ctlSerial::ShowFound(const LinkSettings& found) {
 }
 
 void ctlSerial::Take(LinkSettings& settings) const {
-    settings.method = addressed_->isChecked()  ? comm_method::kAddressed
+    settings.method = addressed_->isChecked()   ? comm_method::kAddressed
                       : everyTime_->isChecked() ? comm_method::kDetect
                                                 : 0;
     settings.port = Port();

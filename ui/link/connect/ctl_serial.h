@@ -20,7 +20,9 @@ class ctlSerial : public QWidget {
     Q_OBJECT
 
   public:
-    explicit ctlSerial(const ResourceTexts& texts, QWidget* parent = nullptr);
+    // Plain: a line without an indicator at its other end, so that nothing is found out or addressed.
+    enum class Use { Indicator, Plain };
+    explicit ctlSerial(const ResourceTexts& texts, Use use = Use::Indicator, QWidget* parent = nullptr);
 
     void Show(const LinkSettings& settings);
     void Take(LinkSettings& settings) const;  // the serial ones; method as chosen here
@@ -33,7 +35,7 @@ class ctlSerial : public QWidget {
     void DetectWanted();
 
   private:
-    void MakeFields();
+    void MakeFields(Use use);
     QWidget* MakePortRow();
     QWidget* MakeFramingRow();
     QWidget* MakeAddressRow();
