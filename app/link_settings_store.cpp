@@ -28,7 +28,7 @@ LinkSettings LinkSettingsStore::Load() {
     link.delayMs = std::max(settings_.CommDelayTime, 0);
     link.logging = settings_.LogComm;
     link.searchText = settings_.AutoDetectSearch;
-    link.storedFirst = settings_.DetectStoredFirst;
+    link.storedFirst = !settings_.AutoDetectIndicatorSettings;
     return link;
 }
 
@@ -50,9 +50,8 @@ void LinkSettingsStore::Store(const LinkSettings& found) {
 
 void LinkSettingsStore::Keep(const LinkSettings& chosen) {
     settings_.CommMethod = chosen.method;
-    settings_.AutoDetectIndicatorSettings = chosen.method == comm_method::kDetect;
+    settings_.AutoDetectIndicatorSettings = !chosen.storedFirst;
     settings_.TargetAddress = std::to_string(chosen.address);
-    settings_.DetectStoredFirst = chosen.storedFirst;
     Store(chosen);
 }
 

@@ -157,7 +157,6 @@ constexpr SettingRow kProductRows[] = {
 constexpr std::string_view kRecent = "Settings\\Recent";
 constexpr std::string_view kWindow = "Settings\\Window";
 constexpr std::string_view kDownload = "Settings\\Download";
-constexpr std::string_view kLink = "Settings\\Link";
 constexpr std::string_view kAppearance = "Settings\\Appearance";
 
 constexpr SettingRow kFurtherRows[] = {
@@ -170,7 +169,6 @@ constexpr SettingRow kFurtherRows[] = {
     Row<&S::WindowMaximized, kBoolean>("WindowMaximized", "Maximized", kWindow, "False"),
     Row<&S::WindowLayout, kText>("WindowLayout", "Layout", kWindow, ""),
     Row<&S::DownloadOptions, kLong>("DownloadOptions", "Options", kDownload, "13"),
-    Row<&S::DetectStoredFirst, kBoolean>("DetectStoredFirst", "StoredFirst", kLink, "False"),
     Row<&S::Theme, kText>("Theme", "Theme", kAppearance, ""),
     Row<&S::Language, kText>("Language", "Language", kAppearance, ""),
 };

@@ -30,7 +30,7 @@ struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): in the r
     std::int32_t MMForeColor{}, MMBackColor{};
     // Link to the indicator
     std::string IndicatorPort, IndicatorBaud, IndicatorParity, IndicatorDataBits, IndicatorStopBits;
-    bool AutoDetectIndicatorSettings{};
+    bool AutoDetectIndicatorSettings{};  // False: detection tries the stored settings before its own
     std::string TargetAddress;
     bool LogComm{};
     std::int32_t CommMethod{};
@@ -69,10 +69,9 @@ struct Settings {  // NOLINT(clang-analyzer-optin.performance.Padding): in the r
     bool WindowMaximized{};
     std::string WindowLayout;  // of tool bars and panes, in the window's own words
     std::int32_t
-        DownloadOptions{};     // bits: 1 base, 2 calibration, 4 setpoints, 8 widgets, 16 schemas, 32 program
-    bool DetectStoredFirst{};  // detection tries the stored serial settings before its own
-    std::string Theme;         // empty: as the system
-    std::string Language;      // code of a texts file; empty: English
+        DownloadOptions{};  // bits: 1 base, 2 calibration, 4 setpoints, 8 widgets, 16 schemas, 32 program
+    std::string Theme;      // empty: as the system
+    std::string Language;   // code of a texts file; empty: English
 
     friend bool operator==(const Settings&, const Settings&) = default;
 };

@@ -1,11 +1,8 @@
 #include "cli/differences.h"
 
 #include <algorithm>
-#include <set>
 #include <unordered_map>
 #include <utility>
-
-#include "model/language/text.h"
 
 namespace calyx::cli {
 
@@ -91,17 +88,6 @@ void ListDifferences(Program& program, const ChangeSet& changes, const CIndicato
                      const CIndicator& after, bool showDefaults) {
     program.List([&] { return DifferencesJson(changes, before, after, showDefaults); },
                  [&](std::ostream& out) { PrintDifferences(out, changes, before, after, showDefaults); });
-}
-
-std::vector<Refusal> NotKept(const CIndicator& before, const CIndicator& after,
-                             std::vector<std::string> named) {
-    std::set<std::string> known;
-    for (const std::string& key : named) known.insert(Upper(key));
-    for (const KeyValue& line : after.Lines()) known.insert(Upper(line.key));
-    for (const KeyValue& line : before.Lines()) {
-        if (known.insert(Upper(line.key)).second) named.push_back(line.key);
-    }
-    return after.NotKept(named);
 }
 
 void SayRefused(Program& program, const std::vector<Refusal>& refused) {

@@ -17,11 +17,6 @@ Json DifferencesJson(const ChangeSet& changes, const CIndicator& before, const C
 void PrintDifferences(std::ostream& out, const ChangeSet& changes, const CIndicator& before,
                       const CIndicator& after, bool showDefaults = false);
 
-// Values of the changed document that its file will not hold: of the lines named, and of those that were
-// written before the change and no longer are.
-std::vector<Refusal> NotKept(const CIndicator& before, const CIndicator& after,
-                             std::vector<std::string> named);
-
 // Prints values that were not taken over, each with its reason, on stderr.
 void SayRefused(Program& program, const std::vector<Refusal>& refused);
 

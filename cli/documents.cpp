@@ -26,8 +26,9 @@ CIndicator Opening::OpenForChange(Program& program, const std::string& file) con
     const auto& notes = report.Notes();
     const auto lost = std::count_if(notes.begin(), notes.end(), [](const ReadNote& note) {
         using Kind = ReadNote::Kind;
-        return note.kind == Kind::TextLine || note.kind == Kind::UnknownKey ||
-               note.kind == Kind::DuplicateKey;
+        const bool leftOut = note.kind == Kind::NotUnderstood && note.became.empty();
+        return leftOut || note.kind == Kind::TextLine || note.kind == Kind::UnknownKey ||
+               note.kind == Kind::DuplicateKey || note.kind == Kind::NotWritten;
     });
     if (lost != 0) {
         program.Say(Counted(static_cast<std::size_t>(lost), "line", "lines") + " of " + file +

@@ -3,6 +3,7 @@
 #include "app/link_settings_store.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
+#include "comm/detection.h"
 #include "comm/link_texts.h"
 #include "comm/serial/port_settings.h"
 #include "model/language/text.h"
@@ -64,7 +65,7 @@ void LinkOptions::Declare(Options& options) {
     options.Text(serial, "--serial", "DEVICE", "over a serial line, for example COM3 or /dev/ttyUSB0");
     options.Text(settings, "--settings", "9600,N,8,1",
                  "of the serial line: baud, parity, data bits, stop bits");
-    options.Flag(detect, "--auto", "finds the settings of the serial line");
+    options.Flag(detect, "--auto", "finds the settings of the serial line; those of --settings come first");
     options.Number(address, "--address", "N", "bus address on an addressed serial line", 1, 255);
     options.Text(search, "--search", "TEXT", "must stand in the indicator's identification");
     options.Number(delayMs, "--delay-ms", "N", "communication delay, the unit of the waits for a reply", 0,
@@ -78,6 +79,7 @@ LinkSettings LinkOptions::Resolve(const LinkSettings& stored) const {
         throw UsageError("the way to the indicator is missing; give --tcp HOST:PORT or --serial DEVICE");
     const bool serialOnly = settings || detect || address;
     if (tcp && serialOnly) throw UsageError("--settings, --auto and --address are for --serial");
+    if (detect && address) throw UsageError("--auto asks without a bus address; give the settings instead");
     LinkSettings link = stored;
     if (tcp) {
         TakeAddress(*tcp, link);
@@ -87,6 +89,7 @@ LinkSettings LinkOptions::Resolve(const LinkSettings& stored) const {
         link.method = detect ? comm_method::kDetect : address ? comm_method::kAddressed : 0;
         link.address = address.value_or(link.address);
         if (settings) TakeSettings(*settings, link);
+        link.storedFirst = link.storedFirst || settings;
     }
     if (search) link.searchText = *search;
     if (delayMs) link.delayMs = *delayMs;
@@ -98,13 +101,15 @@ std::string LinkOptions::LogFile(Program& program) const {
     return log ? *log : program.App().folders.userData + "commlog.txt";
 }
 
-Link::Link(Program& program, const LinkOptions& options)
+Link::Link(Program& program, const LinkOptions& options, Own own)
     : program_(program),
       settings_(options.Resolve(StoredSettings(program.App()))),
       transports_(program.Model().texts, clock_),
       comm_({transports_, clock_, *this, program.Model().texts, program.App().cancel,
-             options.LogFile(program)}) {
+             options.LogFile(program)}),
+      progress_(program.Ends()) {
     if (options.log) NeedPlace(program, *options.log);
+    TellUnfinished(program, own);
 }
 
 Link::~Link() {
@@ -114,7 +119,9 @@ Link::~Link() {
 std::string Link::Connect(Bus bus) {
     try {
         comm_.Connect();
+        progress_.Clear();
     } catch (const Error& error) {
+        progress_.Clear();
         if (!comm_.IsStreaming()) throw;
         throw Error(error.Code(), error.Source(), program_.Model().texts.Text(link_text::kStreaming));
     }
@@ -125,6 +132,15 @@ std::string Link::Connect(Bus bus) {
         throw Error(code::kLink, "Calyx.CIndicatorComm.CheckForBusEnabled", kBusEnabled);
     program_.StopIfCancelled();
     return reply;
+}
+
+// A minute in the dark would look like a program that hangs.
+void Link::AutoDetecting(const std::string& tried, bool&) {
+    if (settings_.method != comm_method::kDetect || tried == tried_) return;
+    tried_ = tried;
+    constexpr int kSecond = 1000;
+    const int left = (DetectionTimeLeft(tried) + kSecond - 1) / kSecond;
+    progress_.Live("trying " + tried + ", " + std::to_string(left) + " s left at most");
 }
 
 void Link::Disconnect() {

@@ -6,6 +6,7 @@
 #include "cli/options.h"
 #include "cli/program.h"
 #include "cli/progress.h"
+#include "cli/unfinished.h"
 #include "comm/indicator_comm.h"
 #include "comm/transport_factory.h"
 
@@ -26,10 +27,11 @@ struct LinkOptions {
 };
 
 // The link of one command: connects, and is closed when it ends. One a command.
-class Link final : private ILinkSettingsStore {
+class Link final : private ILinkSettingsStore, private ILinkEvents {
   public:
-    // Raises UsageError, and 20002 or 20003 for a log that cannot be written there.
-    Link(Program& program, const LinkOptions& options);
+    // Says what is unfinished but for the command's own. Raises UsageError, and 20002 or 20003 for a log that
+    // cannot be written there.
+    Link(Program& program, const LinkOptions& options, Own own = Own::Nothing);
     ~Link() override;
 
     // Connects and lets the target version follow the indicator, whose reply to VERSION is returned. A port
@@ -45,12 +47,16 @@ class Link final : private ILinkSettingsStore {
     LinkSettings Load() override { return settings_; }
     // What the command line says is for this command, and the stored settings stay as they are.
     void Store(const LinkSettings&) override {}
+    void AutoDetecting(const std::string& tried, bool& cancel) override;
 
     Program& program_;
     LinkSettings settings_;
     SteadyClock clock_;
     TransportFactory transports_;
     CIndicatorComm comm_;
+    LinkObserver observer_{comm_, *this};
+    Progress progress_;
+    std::string tried_;  // the settings that detection is at
 };
 
 }  // namespace calyx::cli

@@ -19,6 +19,10 @@ class Progress {
 
     void Step(const std::string& text);
     void Count(std::size_t done, std::size_t all);  // all 0: not known
+    // What changes too often for a log.
+    void Live(const std::string& text) {
+        if (bar_) Draw(text);
+    }
     // Makes room for a message of another kind.
     void Clear();
     // How it ended; stays to be read.

@@ -107,11 +107,7 @@ std::string Cell(std::string_view text) {
 }
 
 std::string ValueCell(const Parameter& p) {
-    if (p.words.empty()) {
-        std::string cell = p.form;
-        if (!p.range.empty()) cell += ", " + p.range;
-        return p.unit.empty() ? cell : cell + " " + p.unit;
-    }
+    if (p.words.empty()) return ValueWords(p);
     std::string cell;
     for (const auto& word : p.words) cell += (cell.empty() ? "" : ", ") + Code(word.key) + " " + word.text;
     return cell + " (list " + p.list + ")";
@@ -144,6 +140,12 @@ std::vector<std::string> Headings(const std::vector<Parameter>& parameters, cons
 }
 
 }  // namespace
+
+std::string ValueWords(const Parameter& p) {
+    const std::string words = p.range.empty() ? p.form : p.form + ", " + p.range;
+    if (p.unit.empty()) return words;
+    return p.range.empty() ? words + " (" + p.unit + ")" : words + " " + p.unit;
+}
 
 std::vector<Parameter> CollectReference(const ModelContext& context) {
     const CIndicator document = FullDocument(context);

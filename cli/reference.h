@@ -24,6 +24,9 @@ struct Parameter {
     std::string firmware;  // the versions that receive it, in words
 };
 
+// What a value without a list is: "whole number, 0 to 255 ms", "whole number (bytes)".
+std::string ValueWords(const Parameter& parameter);
+
 // Every parameter of the sections that have rows, in the order of the file's sections and their rows.
 std::vector<Parameter> CollectReference(const ModelContext& context);
 

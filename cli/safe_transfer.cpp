@@ -12,12 +12,6 @@ namespace calyx::cli {
 
 namespace {
 
-using Fate = PlannedLine::Fate;
-
-std::string JournalFile(Program& program) {
-    return program.App().folders.userData + "send.journal";
-}
-
 std::string BackupFolder(Program& program) {
     const std::string folder = program.App().folders.userData + "backups";
     std::error_code failure;  // writing into it tells
@@ -37,12 +31,13 @@ struct Safe {
           download(program, progress),
           upload(program, progress),
           sending(link.Comm(), program.Model(), program.App().cancel, download, upload,
-                  {BackupFolder(program), JournalFile(program)}) {}
+                  {BackupFolder(program), SendJournalFile(program)}) {}
 };
 
 std::string FateText(const SafeSendReport::Line& line, const ResourceTexts& texts) {
     if (line.fate == LineFate::Refused) return texts.Text(link_text::kLineRefused);
     if (line.fate == LineFate::Unanswered) return texts.Text(link_text::kLineUnanswered);
+    if (line.fate == LineFate::HeldBack) return texts.Text(link_text::kLineHeldBack);
     if (line.fate == LineFate::Waiting) return "not sent";
     return line.held ? "the indicator holds " + Quoted(*line.held) : "not found in the indicator";
 }
@@ -52,6 +47,23 @@ Json LineJson(const SafeSendReport::Line& line) {
             {"accepted", line.fate == LineFate::Accepted},
             {"good", line.green},
             {"held", line.held ? Json(Utf8(*line.held)) : Json()}};
+}
+
+// One reason often keeps back hundreds of lines: it is said once, above their keys.
+void PrintKept(std::ostream& out, const SendPlan& plan) {
+    constexpr std::size_t kWidth = 100;
+    std::vector<std::pair<std::string, std::string>> reasons;  // with the keys, in rows
+    for (const PlannedLine& line : plan.Lines()) {
+        if (line.reason.empty()) continue;
+        auto found = std::find_if(reasons.begin(), reasons.end(),
+                                  [&line](const auto& entry) { return entry.first == line.reason; });
+        if (found == reasons.end()) found = reasons.insert(reasons.end(), {line.reason, {}});
+        std::string& keys = found->second;
+        const std::string key = Printable(line.key);
+        const bool fits = keys.size() - (keys.rfind('\n') + 1) + key.size() < kWidth;
+        keys += (keys.empty() ? "  " : fits ? ", " : ",\n  ") + key;
+    }
+    for (const auto& [reason, keys] : reasons) out << reason << '\n' << keys << '\n';
 }
 
 void Print(Program& program, const SafeSendReport& report, const SendPlan* plan) {
@@ -78,13 +90,7 @@ void Print(Program& program, const SafeSendReport& report, const SendPlan* plan)
                         {"notSent", std::move(left)}};
         },
         [&](std::ostream& out) {
-            if (plan != nullptr) {
-                for (const PlannedLine& line : plan->Lines()) {
-                    const bool worth = line.fate == Fate::NotKnown || line.fate == Fate::NotChosen ||
-                                       line.fate == Fate::OnlyThere;
-                    if (worth) out << Printable(line.key) << ": " << line.reason << '\n';
-                }
-            }
+            if (plan != nullptr) PrintKept(out, *plan);
             for (const auto& line : report.lines) {
                 if (!line.green) out << Printable(line.line) << ": " << FateText(line, texts) << '\n';
             }
@@ -94,9 +100,27 @@ void Print(Program& program, const SafeSendReport& report, const SendPlan* plan)
         });
 }
 
+// What was kept to go on with is said last.
+void TellKept(Program& program) {
+    const auto kept = PendingSend(program);
+    if (!kept) return;
+    program.Say("\"resume\" goes on with the " + Counted(kept->Left(), "line", "lines") + " that " +
+                (kept->Left() == 1 ? "is" : "are") + " left" +
+                (kept->backup.empty() ? "" : ", \"resume --restore\" puts back what was there"));
+}
+
+// One download at a time is kept.
+void TellReplaced(Program& program) {
+    const auto old = PendingSend(program);
+    if (!old) return;
+    program.Say("the download of " + old->document + " that was broken off is given up for this one" +
+                (old->backup.empty() ? "" : "; what was there before it is in " + old->backup));
+}
+
 int End(Program& program, Safe& safe, const SafeSendReport& report, const SendPlan* plan) {
     safe.progress.Clear();
     Print(program, report, plan);
+    TellKept(program);
     program.StopIfCancelled();
     if (!report.trouble.empty()) throw Error(code::kLink, "Calyx.CSafeSend.Send", report.trouble);
     return report.Success() && report.cannotGoBack.empty() ? kDone : kFindings;
@@ -112,22 +136,45 @@ int SendChanged(Program& program, Link& link, const CIndicator& document, const 
     if (backup) WriteUpload(*program.Model().files, program.Model().texts, *backup, held->text);
     safe.progress.Clear();
     program.Say("what the indicator holds is kept in " + safe.sending.Backup());
+    TellReplaced(program);
     const SendPlan plan = safe.sending.Preview(document, options);
     return End(program, safe, safe.sending.Send(plan, options, file), &plan);
+}
+
+DownloadReport SendAll(Program& program, Link& link, const CIndicator& document, const std::string& file,
+                       const DownloadOptions& options, const std::optional<std::string>& backup,
+                       Progress& progress) {
+    const TargetVersion target = program.Model().target;
+    SendRecord record{.where = link.Comm().Where(),
+                      .document = file,
+                      .backup = backup ? TextOf(std::filesystem::absolute(PathOf(*backup))) : std::string(),
+                      .target = target,
+                      .timeoutMs = options.timeoutMs,
+                      .haltOnError = options.haltOnError,
+                      .steps = PlanDownload(document, options, target.Gated()),
+                      .fates = {}};
+    TellReplaced(program);
+    SendJournal journal(*program.Model().files, program.Model().texts, SendJournalFile(program));
+    try {
+        journal.Begin(record);
+    } catch (const Error& error) {
+        program.Say(error.Description() + " The download goes on, but cannot be resumed.");
+    }
+    DownloadProgress shown(program, progress);
+    JournaledEvents events(journal, shown);
+    CDownload download(link.Comm(), program.App().cancel, events);
+    DownloadReport report = download.RunSteps(record.steps, options, program.Model().texts);
+    progress.End(report.status);
+    using End = DownloadReport::End;
+    if (report.end != End::Lost && report.end != End::Aborted) journal.Remove();
+    TellKept(program);
+    return report;
 }
 
 int ResumeSend(Program& program, Link& link, Rest rest) {
     Safe safe(program, link);
     if (rest == Rest::PutBack) return End(program, safe, safe.sending.RestorePending(), nullptr);
     return End(program, safe, safe.sending.Resume(), nullptr);
-}
-
-std::optional<SendRecord> PendingSend(Program& program) {
-    return SendJournal(*program.Model().files, program.Model().texts, JournalFile(program)).Find();
-}
-
-void ForgetSend(Program& program) {
-    SendJournal(*program.Model().files, program.Model().texts, JournalFile(program)).Remove();
 }
 
 }  // namespace calyx::cli

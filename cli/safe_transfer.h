@@ -15,12 +15,14 @@ namespace calyx::cli {
 int SendChanged(Program& program, Link& link, const CIndicator& document, const std::string& file,
                 const DownloadOptions& options, const std::optional<std::string>& backup);
 
+// The plain download: every line goes, whatever the indicator holds. Its position is kept as well; `backup`
+// is the file with what was there, if there is one.
+DownloadReport SendAll(Program& program, Link& link, const CIndicator& document, const std::string& file,
+                       const DownloadOptions& options, const std::optional<std::string>& backup,
+                       Progress& progress);
+
 // Goes on with the run that was broken off, or puts back what was there before it.
 enum class Rest { Send, PutBack };
 int ResumeSend(Program& program, Link& link, Rest rest);
-
-// A run that was broken off.
-std::optional<SendRecord> PendingSend(Program& program);
-void ForgetSend(Program& program);
 
 }  // namespace calyx::cli

@@ -6,6 +6,9 @@ set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
 set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
 find_package(Threads REQUIRED)
+if(WIN32)
+  add_compile_definitions(_WIN32_WINNT=0x0A00 WIN32_LEAN_AND_MEAN NOMINMAX UNICODE _UNICODE)
+endif()
 
 if(NOT CMAKE_CXX_COMPILER_LAUNCHER)
   find_program(CALYX_CCACHE ccache)
@@ -27,15 +30,32 @@ if(CALYX_SANITIZE)
   target_link_options(calyx_flags INTERFACE -fsanitize=${CALYX_SANITIZE})
 endif()
 
-# Standalone Asio, as the distribution's package has it.
-find_path(CALYX_ASIO_INCLUDE asio.hpp REQUIRED)
-add_library(calyx_asio INTERFACE)
-add_library(asio::asio ALIAS calyx_asio)
-target_include_directories(calyx_asio SYSTEM INTERFACE ${CALYX_ASIO_INCLUDE})
+# calyx_header_library(NAME FILE ENTRY...): a library of headers alone, as the distribution's package has it.
+# A compiler for another system must not search the native include folder: it gets links to the entries.
+function(calyx_header_library NAME FILE)
+  find_path(CALYX_INCLUDE_${NAME} ${FILE} REQUIRED PATHS /usr/include NO_CMAKE_FIND_ROOT_PATH)
+  set(folder ${CALYX_INCLUDE_${NAME}})
+  if(CMAKE_CROSSCOMPILING)
+    set(folder ${PROJECT_BINARY_DIR}/include/${NAME})
+    file(MAKE_DIRECTORY ${folder})
+    foreach(entry IN LISTS ARGN)
+      file(CREATE_LINK ${CALYX_INCLUDE_${NAME}}/${entry} ${folder}/${entry} SYMBOLIC)
+    endforeach()
+  endif()
+  add_library(calyx_${NAME} INTERFACE)
+  target_include_directories(calyx_${NAME} SYSTEM INTERFACE ${folder})
+endfunction()
+
+calyx_header_library(asio asio.hpp asio.hpp asio)
 # One way of allocating in every file: what Asio chooses by itself depends on the headers before it.
 target_compile_definitions(calyx_asio INTERFACE ASIO_STANDALONE ASIO_NO_DEPRECATED
   ASIO_DISABLE_STD_ALIGNED_ALLOC)
 target_link_libraries(calyx_asio INTERFACE Threads::Threads)
+if(WIN32)
+  target_link_libraries(calyx_asio INTERFACE ws2_32 mswsock)
+endif()
+calyx_header_library(cli11 CLI/CLI.hpp CLI)
+calyx_header_library(json nlohmann/json.hpp nlohmann)
 
 # calyx_room(NAME calyx_x SOURCES ... LINKS ...): a static library.
 function(calyx_room)

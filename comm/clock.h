@@ -12,7 +12,7 @@ class IClock {
     virtual std::int64_t NowMs() = 0;  // counts up from anywhere
     // Called on every poll of a wait, some twenty milliseconds apart at most: the place where a window runs
     // its messages, so that Cancel stays live. It may ask the link to disconnect, but for nothing else.
-    virtual void Yield() = 0;
+    virtual void LetOthersRun() = 0;
 };
 
 class SteadyClock : public IClock {
@@ -22,7 +22,7 @@ class SteadyClock : public IClock {
         return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now().time_since_epoch())
             .count();
     }
-    void Yield() override {}  // the waits themselves rest in the transport
+    void LetOthersRun() override {}  // the waits themselves rest in the transport
 };
 
 }  // namespace calyx

@@ -21,6 +21,16 @@ std::size_t CountLines(const DownloadStep& step) {
     return count;
 }
 
+// "#3" of "STR.POS#3=+"
+std::string_view PortIn(std::string_view line) {
+    line = line.substr(0, line.find('='));
+    return line.substr(std::min(line.find('#'), line.size()));
+}
+
+bool IsOfStream(std::string_view line) {
+    return line.starts_with("STR.") || line.starts_with("EDP.SFMT#");
+}
+
 }  // namespace
 
 std::size_t CountLines(const std::vector<DownloadStep>& steps) {
@@ -120,6 +130,8 @@ void CDownload::SeeWhetherLost() {
 bool CDownload::SendStepLines(const DownloadStep& step) {
     step_ = &step;
     stepNumber_ = 0;
+    unwhole_.clear();
+    told_.clear();
     return SendLines(step.lines, *this, *this) && !Stopped();
 }
 
@@ -127,8 +139,11 @@ bool CDownload::SendLine(std::string_view line) {
     if (Stopped()) return false;
     ++number_;
     ++stepNumber_;
-    if (report_.fates[number_ - 1] != LineFate::Waiting) return true;
+    const LineFate fate = report_.fates[number_ - 1];
+    if (fate == LineFate::Refused || fate == LineFate::Unanswered) NoteFailure(line);
+    if (fate != LineFate::Waiting || HoldsBack(line)) return true;
     events_.Line(std::string(line), static_cast<int>(number_), report_.total);
+    if (Stopped()) return false;  // told while the line waited to go
     last_ = link_.Send(line, options_->timeoutMs).result;
     if (last_ == SendResult::NoAnswer) SeeWhetherLost();
     if (last_ == SendResult::Accepted) {
@@ -136,6 +151,24 @@ bool CDownload::SendLine(std::string_view line) {
         Keep(LineFate::Accepted);
     }
     return last_ == SendResult::Accepted;
+}
+
+void CDownload::NoteFailure(std::string_view line) {
+    if (!IsOfStream(line)) unwhole_.emplace(PortIn(line));
+}
+
+// A stream that the indicator would send over a port that is set otherwise helps nobody.
+bool CDownload::HoldsBack(std::string_view line) {
+    const bool held = step_->needs == DownloadStep::Needs::WholePorts && IsOfStream(line) &&
+                      unwhole_.contains(PortIn(line));
+    if (!held) return false;
+    if (told_.emplace(PortIn(line)).second) {
+        const std::string port(PortIn(line).substr(1));
+        report_.failed.push_back({std::string(line), texts_->Format(link_text::kStreamHeldBack, {port})});
+        events_.Errors(ErrorsText(report_.failed.size()));
+    }
+    Keep(LineFate::HeldBack);
+    return true;
 }
 
 void CDownload::Keep(LineFate fate) {
@@ -148,6 +181,7 @@ bool CDownload::ErrorAction(const std::string& failedLine) {
     // A line whose answer went with the link has not failed: it is still to be sent.
     if (last_ == SendResult::Lost) return true;
     Keep(last_ == SendResult::Refused ? LineFate::Refused : LineFate::Unanswered);
+    NoteFailure(failedLine);
     report_.failed.push_back({failedLine, Reason()});
     events_.Errors(ErrorsText(report_.failed.size()));
     using Needs = DownloadStep::Needs;

@@ -2,7 +2,10 @@
 
 #include <atomic>
 #include <cstddef>
+#include <functional>
+#include <set>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "comm/download_plan.h"
@@ -16,9 +19,10 @@ enum class LineFate : char {
     Accepted = 'A',    // "OK"
     Refused = 'R',     // "??"
     Unanswered = 'N',  // every attempt ran out its time, and yet the indicator was there
+    HeldBack = 'H',    // not sent: of a stream whose port was not accepted whole
 };
 
-// A line that the indicator did not accept, and why.
+// A line that the indicator did not accept, and why. Of a stream that was held back, its first line.
 struct FailedLine {
     std::string line;
     std::string reason;
@@ -56,7 +60,8 @@ class IDownloadEvents {
 
 // Sends a document to a connected indicator, step by step. One run at a time.
 //
-// A refused line is counted and the download goes on, unless it is to halt on errors. It ends with the
+// A refused line is counted and the download goes on, unless it is to halt on errors; the stream of a serial
+// port is held back then, and counts as one failed line. It ends with the
 // first step that fails, when the indicator is not in setup mode, on Abort or the program's cancel
 // flag, and at once when the link is lost. An aborted line is no error of the indicator's. After a line that
 // nobody answered the indicator is asked whether it is still there; if not, the link counts as lost, so that
@@ -90,6 +95,8 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     bool InSetupMode();
     void SeeWhetherLost();
     bool SendStepLines(const DownloadStep& step);
+    void NoteFailure(std::string_view line);
+    bool HoldsBack(std::string_view line);
     void Keep(LineFate fate);
     std::string Reason() const;
     void Fail(const std::string& title, std::string reason);
@@ -108,9 +115,11 @@ class CDownload : private IDownload, private ILineSender, private ILinkEvents {
     const DownloadStep* step_ = nullptr;
     DownloadReport report_;
     SendResult last_ = SendResult::Accepted;
-    std::size_t number_ = 0;      // of the line in the run
-    std::size_t stepNumber_ = 0;  // of the line in its step
-    bool resumed_ = false;        // no line of this run has gone yet, but of an earlier one
+    std::size_t number_ = 0;                      // of the line in the run
+    std::size_t stepNumber_ = 0;                  // of the line in its step
+    std::set<std::string, std::less<>> unwhole_;  // of the step: ports with a line not accepted, "#3"
+    std::set<std::string, std::less<>> told_;     // those of them whose stream was counted
+    bool resumed_ = false;                        // no line of this run has gone yet, but of an earlier one
 };
 
 // Lines of the steps that are sent; blank ones are not.

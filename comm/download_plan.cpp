@@ -76,6 +76,8 @@ class Planner {
         for (const BaseStep& step : kBaseSteps) {
             Add({.status = step.status != nullptr ? step.status : Text(step.text),
                  .lines = Lines(step.step),
+                 .needs = step.step == SendStep::Communications ? DownloadStep::Needs::WholePorts
+                                                                : DownloadStep::Needs::Nothing,
                  .group = chkBase});
         }
         steps_[first].probe = true;

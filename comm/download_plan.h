@@ -27,8 +27,9 @@ struct DownloadOptions {
 
 // One step of a download.
 struct DownloadStep {
-    // Which lines must be accepted for the step to succeed.
-    enum class Needs { Nothing, FirstLine, EveryLine };
+    // Which lines must be accepted for the step to succeed. WholePorts: none, but the stream of a serial port
+    // goes only once all lines of its port were accepted.
+    enum class Needs { Nothing, FirstLine, EveryLine, WholePorts };
 
     std::string status;
     std::string lines;   // each ended by a line end; blank ones are not sent

@@ -16,6 +16,7 @@ CIndicator FullDocument(const ModelContext& context) {
         document.ChangeCard(slot, cards[slot - 1]);
     }
     document.Hardware().MemoryCard(static_cast<int>(std::size(cards))).AddSample();
+    document.Widgets().Add(WidgetKind::Label, 1);
     document.Import({{"EDP.INPUT#2", "SCALE"},
                      {"EDP.INPUT#3", "VEXAL"},
                      {"EDP.INPUT#4", "IND SC"},
@@ -76,7 +77,7 @@ std::function<bool(std::string_view key)> KeysKnownTo(const ModelContext& contex
     return [known, target](std::string_view key) {
         const auto found = known->gates.find(Upper(KeyPattern(std::string(key))));
         if (found != known->gates.end()) return target.Opens(found->second);
-        // Lines without a fixed table: widgets, tables of the database, custom parameters.
+        // Lines without a fixed table: tables of the database.
         return known->document.OwnerOf(key) != nullptr;
     };
 }

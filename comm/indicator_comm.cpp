@@ -110,8 +110,9 @@ SendReport CIndicatorComm::Send(std::string_view command, int timeoutMs) {
     }
     AnswerJudge judge(command, FrameAddress());
     while (report.result == SendResult::NoAnswer && report.attempts < kAttempts) {
-        if (parts_.cancel) {
-            report.result = SendResult::Cancelled;
+        // An observer may have closed the wire since the last attempt.
+        if (parts_.cancel || !transport_->IsOpen()) {
+            report.result = parts_.cancel ? SendResult::Cancelled : SendResult::Lost;
             break;
         }
         ++report.attempts;
@@ -153,12 +154,13 @@ SendResult CIndicatorComm::Attempt(std::string_view command, int timeoutMs, Answ
         return verdict == Verdict::None;
     });
     if (!cancelled && verdict == Verdict::None) listen();
-    if (!reply.empty()) WriteCommLog(reply, false);
+    const bool timeUp = !cancelled && verdict == Verdict::None && transport_->IsOpen();
+    if (timeUp || !reply.empty()) WriteCommLog(reply, false);  // "IN:" alone tells of silence
     if (verdict != Verdict::None) {
         return verdict == Verdict::Accepted ? SendResult::Accepted : SendResult::Refused;
     }
     if (cancelled) return SendResult::Cancelled;
-    if (!transport_->IsOpen()) return SendResult::Lost;
+    if (!timeUp) return SendResult::Lost;
     Tell(&ILinkEvents::ReceivedResponse);
     return SendResult::NoAnswer;
 }
@@ -182,6 +184,10 @@ std::optional<std::string> CIndicatorComm::GetLine(std::string_view command) {
     return Receive(command, Until::LineEnd, "GetData");
 }
 
+std::optional<std::string> CIndicatorComm::GetAnswer(std::string_view command) {
+    return Receive(command, Until::Answer, "GetData");
+}
+
 bool CIndicatorComm::StillAnswers() {
     if (inUse_ || !Connected()) return false;
     try {
@@ -196,8 +202,17 @@ bool CIndicatorComm::Identifies(std::string_view text) const {
     return Upper(text).find(identification_) != std::string::npos;
 }
 
+bool CIndicatorComm::IsWhole(std::string_view text, std::string_view command, Until until) const {
+    if (until == Until::Identified) return Identifies(text);
+    const std::string_view line = FirstLine(text);
+    if (until == Until::LineEnd) return !line.empty();
+    const std::string_view key = WithoutLineEnd(command);
+    return line == "OK" || line == "??" ||
+           (!key.empty() && StartsNoCase(line, key) && line.substr(key.size()).starts_with('='));
+}
+
 int CIndicatorComm::WaitFor(Until until) const {
-    if (until == Until::Quiet) return ReceptionWait();
+    if (until == Until::Quiet || until == Until::Answer) return ReceptionWait();
     return until == Until::LineEnd ? VersionWait() : std::max(VersionWait(), kStillThereMs);
 }
 
@@ -222,9 +237,8 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
         brought |= !heard.empty();
     };
     const auto complete = [&] {
-        if (until == Until::Quiet) return false;
-        const std::string text = ReplyText(reply, command, FrameAddress());
-        return until == Until::LineEnd ? !FirstLine(text).empty() : Identifies(text);
+        const bool askable = until != Until::Quiet && reply.size() <= kInputBuffer;
+        return askable && IsWhole(ReplyText(reply, command, FrameAddress()), command, until);
     };
     int polls = 0;
     do {
@@ -255,7 +269,7 @@ std::optional<std::string> CIndicatorComm::Receive(std::string_view command, Unt
         Lose();
         Fail(operation, parts_.texts.Format(link_text::kLost, {Where()}));
     }
-    if (!reply.empty()) WriteCommLog(reply, false);
+    WriteCommLog(reply, false);
     return ReplyText(reply, command, FrameAddress());
 }
 

@@ -45,7 +45,7 @@ struct SendReport {
 
 // The one object through which the program talks to an indicator.
 //
-// One operation at a time: an operation begun while another runs (from an event or the clock's Yield)
+// One operation at a time: an operation begun while another runs (from an event or the clock's LetOthersRun)
 // raises 12801; only Disconnect may be called then, and ends it. One thread. Times are milliseconds.
 // Errors carry the source "Calyx.CIndicatorComm." and the operation's name:
 //   12801 no wire, no verified answer, link lost or busy   10002 address outside 1..255
@@ -83,6 +83,9 @@ class CIndicatorComm {
 
     // The same for a command whose reply is one line: ends with it. Empty: no reply.
     std::optional<std::string> GetLine(std::string_view command);
+    // The same for any command: a first line that is OK, ?? or the value that was asked for ("UID=1" to
+    // "UID") is all of the reply.
+    std::optional<std::string> GetAnswer(std::string_view command);
 
     // Lets the target version follow the indicator's reply to VERSION, which is returned ("V3.10.02
     // MERRIN"). The reply that verified the connection serves; only where that told no version it is asked
@@ -116,7 +119,7 @@ class CIndicatorComm {
 
   private:
     class InUse;
-    enum class Until { Quiet, LineEnd, Identified };
+    enum class Until { Quiet, Answer, LineEnd, Identified };
     using CancelEvent = void (ILinkEvents::*)(bool&);
 
     bool OverTcp() const { return settings_.method == comm_method::kTcp; }
@@ -136,6 +139,7 @@ class CIndicatorComm {
     int VersionWait() const;
     int WaitFor(Until until) const;
     bool Identifies(std::string_view text) const;
+    bool IsWhole(std::string_view text, std::string_view command, Until until) const;
     bool Streams();
     bool AskCancelDetecting(const std::string& tried);
     [[noreturn]] void FailVerification();
@@ -189,7 +193,7 @@ void CIndicatorComm::Poll(int milliseconds, GoOn goOn) {
     const std::int64_t end = parts_.clock.NowMs() + milliseconds;
     for (std::int64_t now = end - milliseconds; now < end && transport_->IsOpen() && goOn(now);
          now = parts_.clock.NowMs()) {
-        parts_.clock.Yield();
+        parts_.clock.LetOthersRun();
         transport_->Wait(static_cast<int>(std::min(kPollMs, end - now)));
     }
 }

@@ -82,7 +82,7 @@ std::unique_ptr<ITransport> CIndicatorComm::OpenTransport() {
     if (!OverTcp()) return parts_.transports.MakeSerial(settings_.port, CurrentSettings());
     try {
         return parts_.transports.MakeTcp(settings_.host, settings_.tcpPort, [this] {
-            parts_.clock.Yield();
+            parts_.clock.LetOthersRun();
             return !AskCancelDetecting(Where());
         });
     } catch (const Error&) {
@@ -168,7 +168,7 @@ bool CIndicatorComm::VerifyConnect(std::string_view baud, std::string_view frami
         Tell(&ILinkEvents::IndicatorIsStreaming);
         return false;
     }
-    transport_->Write("\r");  // ends whatever the indicator was told before
+    transport_->Write("\r");  // ends whatever the indicator was told before; never framed, on purpose
     Poll(Scaled(kSettleMs, factor), [&](std::int64_t) {
         transport_->Read();  // what a lone CR brings says nothing
         return !AskCancelDetecting(tried);

@@ -28,8 +28,10 @@ inline constexpr int kLineUnanswered = 9612;  // why a line failed
 inline constexpr int kDumpCutOff = 9614;      // upload: the last line has no end
 inline constexpr int kPartlySent = 9615;      // download: {1} lines accepted, {2} lines in all
 inline constexpr int kNoVersion = 9616;
-inline constexpr int kNotOneLine = 9617;    // a command with a line end in it
-inline constexpr int kEmptyProgram = 9618;  // download: {1} path
+inline constexpr int kNotOneLine = 9617;       // a command with a line end in it
+inline constexpr int kEmptyProgram = 9618;     // download: {1} path
+inline constexpr int kStreamHeldBack = 42010;  // download: {1} port
+inline constexpr int kLineHeldBack = 42011;    // why one of its lines was not sent
 // What a line of a plan is not sent for.
 inline constexpr int kGated = 40300;  // {1} the versions that have it, in words
 inline constexpr int kOnlyThere = 40301;
@@ -45,11 +47,15 @@ inline constexpr int kAllReadBack = 40311;
 inline constexpr int kNotAllReadBack = 40312;
 inline constexpr int kPaused = 40313;  // {1} lines done, {2} lines in all
 inline constexpr int kRestoring = 40314;
+inline constexpr int kNothingToSend = 42200;
+inline constexpr int kNoBackup = 42201;
+inline constexpr int kRestored = 41698;
 
 // Putting a calibration back.
 inline constexpr int kCalibrationBack = 40320;
 inline constexpr int kCalibrationNotBack = 40321;
 inline constexpr int kOtherIndicator = 40322;
+inline constexpr int kCalibrationWaits = 42202;
 
 inline constexpr int kPortSettings = 9613;  // {1} the settings as given
 inline constexpr int kPortBusy = 9619;      // {1} port, {2} the system's reason

@@ -30,6 +30,18 @@ std::optional<KeyValue> Parameter(const DownloadStep& step, std::string_view lin
     return KeyValue{std::string(line.substr(0, equals)), std::string(line.substr(equals + 1))};
 }
 
+// What an indicator answers to the key alone. Blanks belong to the value, and so would "??".
+std::optional<std::string> ValueIn(const std::string& reply, const std::string& key) {
+    std::optional<std::string> value;
+    ForEachLine(reply, [&](std::string_view line) {
+        const bool keyed = StartsNoCase(line, key) && line.substr(key.size()).starts_with('=');
+        if (keyed && !value) value = std::string(line.substr(key.size() + 1));
+    });
+    if (value) return value;
+    std::string bare = StripEcho(reply, key);
+    return bare.empty() ? std::nullopt : std::optional(std::move(bare));
+}
+
 }  // namespace
 
 std::string SendCounts::InWords(const ResourceTexts& texts) const {
@@ -44,47 +56,12 @@ bool SafeSendReport::Success() const {
 }
 
 std::string SafeSendReport::InWords(const ResourceTexts& texts) const {
-    std::string words = trouble;
-    if (words.empty()) words = texts.Text(Success() ? link_text::kAllReadBack : link_text::kNotAllReadBack);
-    return words + " " + counts.InWords(texts);
+    if (!trouble.empty()) return trouble + " " + counts.InWords(texts);
+    int end = link_text::kNotAllReadBack;
+    if (Success()) end = restores ? link_text::kRestored : link_text::kAllReadBack;
+    if (lines.empty()) end = link_text::kNothingToSend;
+    return texts.Text(end) + " " + counts.InWords(texts);
 }
-
-// A download whose every fate goes into the journal.
-class CSafeSend::Run final : public IDownloadEvents {
-  public:
-    Run(CSafeSend& owner) : owner_(owner), download_(owner.link_, owner.cancel_, *this) {
-        owner_.running_ = this;
-    }
-    ~Run() override { owner_.running_ = nullptr; }
-    Run(const Run&) = delete;
-    Run& operator=(const Run&) = delete;
-
-    DownloadReport Go(const SendRecord& record) {
-        const DownloadOptions options{.timeoutMs = record.timeoutMs, .haltOnError = record.haltOnError};
-        return download_.RunSteps(record.steps, options, owner_.context_.texts, record.fates);
-    }
-    void Abort() { download_.Abort(); }
-
-  private:
-    void Status(const std::string& text) override { owner_.download_.Status(text); }
-    void Line(const std::string& line, int number, int total) override {
-        owner_.download_.Line(line, number, total);
-    }
-    void Done(LineFate fate) override {
-        owner_.journal_.Add(fate);
-        owner_.download_.Done(fate);
-    }
-    void Errors(const std::string& text) override { owner_.download_.Errors(text); }
-    void Notice(const std::string& title, const std::string& text) override {
-        owner_.download_.Notice(title, text);
-    }
-    void Failure(const std::string& title, const std::string& text) override {
-        owner_.download_.Failure(title, text);
-    }
-
-    CSafeSend& owner_;
-    CDownload download_;
-};
 
 CSafeSend::CSafeSend(CIndicatorComm& link, const ModelContext& context, const CancelFlag& cancel,
                      IDownloadEvents& download, IUploadEvents& upload, Places places)
@@ -95,8 +72,6 @@ CSafeSend::CSafeSend(CIndicatorComm& link, const ModelContext& context, const Ca
       upload_(upload),
       places_(std::move(places)),
       journal_(*context.files, context.texts, places_.journal) {}
-
-CSafeSend::~CSafeSend() = default;
 
 std::optional<Held> CSafeSend::ReadIndicator() {
     UploadReport read = Upload(link_, context_, upload_);
@@ -129,13 +104,13 @@ SafeSendReport CSafeSend::Send(const SendPlan& plan, const DownloadOptions& opti
                       .target = context_.target,
                       .timeoutMs = options.timeoutMs,
                       .haltOnError = options.haltOnError,
+                      .unchanged = plan.Count(Fate::Same),
+                      .notKnown = plan.Count(Fate::NotKnown),
                       .steps = plan.Steps(),
                       .fates = {}};
-    if (CountLines(record.steps) > 0) journal_.Begin(record);
-    SafeSendReport report = Work(std::move(record));
-    report.counts.unchanged = plan.Count(Fate::Same);
-    report.counts.notKnown = plan.Count(Fate::NotKnown);
-    return report;
+    std::erase_if(record.steps, [](const DownloadStep& step) { return step.lines.empty(); });
+    if (!record.steps.empty()) journal_.Begin(record);
+    return Work(std::move(record));
 }
 
 SafeSendReport CSafeSend::Resume() {
@@ -148,10 +123,10 @@ SafeSendReport CSafeSend::Resume() {
 
 SafeSendReport CSafeSend::Work(SendRecord record) {
     SafeSendReport report;
-    {
-        Run run(*this);
-        report.download = run.Go(record);
-    }
+    report.restores = record.restores;
+    report.counts.unchanged = record.unchanged;
+    report.counts.notKnown = record.notKnown;
+    report.download = RunSteps(record);
     record.fates = report.download.fates;
     report.trouble = report.download.reason;
     if (report.download.end == DownloadReport::End::Aborted) report.trouble = report.download.status;
@@ -162,12 +137,24 @@ SafeSendReport CSafeSend::Work(SendRecord record) {
                  report.download.total -
                  static_cast<int>(std::count(record.fates.begin(), record.fates.end(), LineFate::Waiting))),
              std::to_string(report.download.total)});
-    } else {
-        journal_.Remove();
+    } else if (!cancel_ || report.download.end != DownloadReport::End::Aborted) {
+        journal_.Remove();  // a program that is being ended leaves it for its next start
     }
     ReadBack(report, record);
     last_ = std::move(record);
     return report;
+}
+
+DownloadReport CSafeSend::RunSteps(const SendRecord& record) {
+    JournaledEvents events(journal_, download_);
+    CDownload download(link_, cancel_, events);
+    struct Running {
+        CDownload*& place;
+        ~Running() { place = nullptr; }
+    };
+    const Running running{running_ = &download};
+    const DownloadOptions options{.timeoutMs = record.timeoutMs, .haltOnError = record.haltOnError};
+    return download.RunSteps(record.steps, options, context_.texts, record.fates);
 }
 
 void CSafeSend::ReadBack(SafeSendReport& report, const SendRecord& record) {
@@ -221,8 +208,7 @@ std::optional<Held> CSafeSend::Ask(const std::vector<std::string>& keys) {
         const auto reply = link_.GetLine(key);
         if (!reply) return std::nullopt;
         std::erase_if(lines, [&key](const KeyValue& line) { return EqualNoCase(line.key, key); });
-        const bool refused = reply->find("??\r") != std::string::npos;
-        if (!refused && !reply->empty()) lines.push_back({key, StripEcho(*reply, key)});
+        if (auto value = ValueIn(*reply, key)) lines.push_back({key, std::move(*value)});
     }
     std::string text;
     for (const KeyValue& line : lines) text += line.key + "=" + line.value + "\r\n";
@@ -240,6 +226,9 @@ SafeSendReport CSafeSend::RestorePending() {
 
 SafeSendReport CSafeSend::Restore() {
     if (!last_) return {};
+    if (backup_.empty())
+        throw Error(code::kFileNotReadable, "Calyx.CSafeSend.Restore",
+                    context_.texts.Text(link_text::kNoBackup));
     if (!before_) {
         try {
             before_ = std::make_unique<Held>(context_, context_.files->Read(backup_), backup_);

@@ -36,6 +36,7 @@ struct SafeSendReport {
 
     DownloadReport download;
     bool readBack = false;  // the indicator was read afterwards
+    bool restores = false;  // the run put back what was there before
     std::string trouble;    // why it was not, or why the run ended early
     std::vector<Line> lines;
     std::vector<std::string> cannotGoBack;  // after a restore: keys that the indicator did not have before
@@ -64,7 +65,6 @@ class CSafeSend {
     };
     CSafeSend(CIndicatorComm& link, const ModelContext& context, const CancelFlag& cancel,
               IDownloadEvents& download, IUploadEvents& upload, Places places);
-    ~CSafeSend();
 
     // Reads the indicator and keeps the dump as "indicator STAMP.mrn" in the backup folder. `stamp` is date
     // and time as a file's name may have it: "2026-11-21 165900". Nothing: Cancel; 12801: it was not read.
@@ -76,13 +76,14 @@ class CSafeSend {
     SafeSendReport Send(const SendPlan& plan, const DownloadOptions& options,
                         const std::string& documentName);
 
-    // A run that was broken off.
+    // A run that was broken off, by a loss or by the program's cancel flag.
     std::optional<SendRecord> Pending() const { return journal_.Find(); }
     SafeSendReport Resume();
     void Forget() { journal_.Remove(); }
 
     // Puts back what was there before the run of this object: the old text of every line that went out.
-    // After Resume that is read from the backup of the run. Nothing to put back: an empty report.
+    // After Resume that is read from the backup of the run. Nothing to put back: an empty report. 20001:
+    // there is no backup.
     SafeSendReport Restore();
     // The same for a run that was broken off, instead of Resume.
     SafeSendReport RestorePending();
@@ -91,8 +92,7 @@ class CSafeSend {
     void Abort();
 
   private:
-    class Run;
-
+    DownloadReport RunSteps(const SendRecord& record);
     SafeSendReport Work(SendRecord record);
     void ReadBack(SafeSendReport& report, const SendRecord& record);
     std::vector<DownloadStep> StepsBack(std::vector<std::string>& cannotGoBack) const;
@@ -110,7 +110,7 @@ class CSafeSend {
     std::unique_ptr<Held> before_;
     std::string backup_;
     std::optional<SendRecord> last_;  // the run that Restore takes back
-    Run* running_ = nullptr;
+    CDownload* running_ = nullptr;
 };
 
 }  // namespace calyx

@@ -60,7 +60,7 @@ CSendFile::Answer CSendFile::SendLine(const std::string& line, int timeoutMs) {
         return answer;
     }
     try {
-        std::string reply = link_.GetData(line).value_or(std::string());
+        std::string reply = link_.GetAnswer(line).value_or(std::string());
         std::erase(reply, '\n');
         while (reply.ends_with('\r')) reply.pop_back();
         std::replace(reply.begin(), reply.end(), '\r', '\n');

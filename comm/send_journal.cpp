@@ -34,6 +34,8 @@ std::string Text(const SendRecord& record) {
     add("timeout", std::to_string(record.timeoutMs));
     add("halt", Yes(record.haltOnError));
     add("restores", Yes(record.restores));
+    add("unchanged", std::to_string(record.unchanged));
+    add("notknown", std::to_string(record.notKnown));
     for (const DownloadStep& step : record.steps) {
         text.append("\n[")
             .append(std::to_string(static_cast<int>(step.needs)))
@@ -61,6 +63,8 @@ void TakeValue(SendRecord& record, std::string_view name, std::string_view value
     if (name == "timeout" && number) record.timeoutMs = number->value;
     if (name == "halt") record.haltOnError = value == "1";
     if (name == "restores") record.restores = value == "1";
+    if (name == "unchanged" && number) record.unchanged = static_cast<std::size_t>(number->value);
+    if (name == "notknown" && number) record.notKnown = static_cast<std::size_t>(number->value);
 }
 
 DownloadStep StepOf(std::string_view line) {
@@ -68,7 +72,8 @@ DownloadStep StepOf(std::string_view line) {
     const std::size_t end = line.find(']');
     const auto words = Split(line.substr(1, end - 1), ' ');
     if (end == std::string_view::npos || words.size() != 4 || words[0].size() != 1) return step;
-    step.needs = words[0] == "2"   ? DownloadStep::Needs::EveryLine
+    step.needs = words[0] == "3"   ? DownloadStep::Needs::WholePorts
+                 : words[0] == "2" ? DownloadStep::Needs::EveryLine
                  : words[0] == "1" ? DownloadStep::Needs::FirstLine
                                    : DownloadStep::Needs::Nothing;
     step.probe = words[1] == "1";
@@ -80,7 +85,7 @@ DownloadStep StepOf(std::string_view line) {
 
 bool IsFate(char c) {
     return c == static_cast<char>(LineFate::Accepted) || c == static_cast<char>(LineFate::Refused) ||
-           c == static_cast<char>(LineFate::Unanswered);
+           c == static_cast<char>(LineFate::Unanswered) || c == static_cast<char>(LineFate::HeldBack);
 }
 
 std::optional<SendRecord> Read(const std::string& text) {

@@ -19,7 +19,9 @@ struct SendRecord {
     TargetVersion target;
     int timeoutMs = DownloadOptions{}.timeoutMs;
     bool haltOnError = false;
-    bool restores = false;  // the run puts back what was there before
+    bool restores = false;      // the run puts back what was there before
+    std::size_t unchanged = 0;  // lines that were not sent because the indicator held them
+    std::size_t notKnown = 0;   // and because its firmware does not have them
     std::vector<DownloadStep> steps;
     std::vector<LineFate> fates;  // of the lines that are done
 
@@ -49,6 +51,26 @@ class SendJournal {
     const ResourceTexts& texts_;
     std::string path_;
     std::ofstream out_;
+};
+
+// Passes on what a download tells and adds the fate of every line to the journal.
+class JournaledEvents final : public IDownloadEvents {
+  public:
+    JournaledEvents(SendJournal& journal, IDownloadEvents& events) : journal_(journal), events_(events) {}
+
+    void Status(const std::string& text) override { events_.Status(text); }
+    void Line(const std::string& line, int number, int total) override { events_.Line(line, number, total); }
+    void Done(LineFate fate) override {
+        journal_.Add(fate);
+        events_.Done(fate);
+    }
+    void Errors(const std::string& text) override { events_.Errors(text); }
+    void Notice(const std::string& title, const std::string& text) override { events_.Notice(title, text); }
+    void Failure(const std::string& title, const std::string& text) override { events_.Failure(title, text); }
+
+  private:
+    SendJournal& journal_;
+    IDownloadEvents& events_;
 };
 
 }  // namespace calyx

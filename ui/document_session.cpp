@@ -1,7 +1,9 @@
 #include "ui/document_session.h"
 
 #include <algorithm>
+#include <utility>
 
+#include "model/document/kept.h"
 #include "model/language/text.h"
 
 namespace calyx::ui {
@@ -16,6 +18,9 @@ constexpr int kStep = 20379;  // name, value before, value after
 
 DocumentSession::DocumentSession(ModelContext& context, QObject* parent)
     : QObject(parent), context_(context), document_(context) {
+    moment_.setSingleShot(true);
+    moment_.setInterval(kMoment);
+    connect(&moment_, &QTimer::timeout, this, &DocumentSession::Settle);
     New();
 }
 
@@ -28,6 +33,7 @@ void DocumentSession::TakeLiveCards(const std::string& reported) {
     if (reported == liveCards_) return;
     liveCards_ = reported;
     document_.Hardware().UpdateFromIndicator(liveCards_);
+    Look();
     emit Changed({});
 }
 
@@ -38,6 +44,7 @@ void DocumentSession::New() {
     report_ = {};
     history_.Clear();
     TakeBaseline();
+    Look();
     emit Replaced();
 }
 
@@ -47,12 +54,13 @@ void DocumentSession::Open(const std::string& filename, bool skipChecks) {
     Use(std::move(opened));
     history_.Clear();
     TakeBaseline();
+    Look();
     emit Replaced();
 }
 
 void DocumentSession::Save(const std::string& filename) {
     document_.Save(filename, false);
-    history_.Seal();
+    EndTyping();
     TakeBaseline();
     emit Saved();
 }
@@ -65,7 +73,7 @@ std::vector<Refusal> DocumentSession::Edit(const std::vector<KeyValue>& lines, c
         return name.empty() ? StepName(lines.front().key, whole) : name;
     };
     history_.Record(naming, taken.changes, joinKey);
-    Announce(taken.changes);
+    Announce(taken.changes, !joinKey.empty());
     return taken.refused;
 }
 
@@ -120,7 +128,19 @@ bool DocumentSession::CanRevert(const Change& sinceSave) const {
 }
 
 void DocumentSession::TakeBackTyping(const std::string& key) {
-    Announce(history_.TakeBack(document_, key));
+    Announce(history_.TakeBack(document_, key), true);
+}
+
+void DocumentSession::EndTyping() {
+    history_.Seal();
+    Settle();
+}
+
+void DocumentSession::Settle() {
+    if (!unsettled_) return;
+    Look();
+    emit Settled();
+    TellUnkept();
 }
 
 QStringList DocumentSession::FinishInput() {
@@ -148,8 +168,9 @@ std::optional<std::string> DocumentSession::RedoName() const {
     return step == nullptr ? std::nullopt : std::optional(step->name);
 }
 
-ChangeSet DocumentSession::ChangesSinceSave() const {
-    return Difference(savedLines_, document_.Lines());
+const ChangeSet& DocumentSession::ChangesSinceSave() const {
+    if (!sinceSave_) sinceSave_ = Difference(savedLines_, document_.Lines());
+    return *sinceSave_;
 }
 
 std::optional<std::string> DocumentSession::SavedValue(const std::string& key) const {
@@ -159,12 +180,37 @@ std::optional<std::string> DocumentSession::SavedValue(const std::string& key) c
 }
 
 void DocumentSession::TakeBaseline() {
-    savedLines_ = document_.Lines();
+    savedLines_ = knownLines_ = document_.Lines();
+    sinceSave_.reset();
+    edited_.clear();
 }
 
-void DocumentSession::Announce(const ChangeSet& changes) {
+void DocumentSession::Announce(const ChangeSet& changes, bool typing) {
     if (changes.Empty()) return;
+    sinceSave_.reset();
+    for (const Change& change : changes.Changes()) edited_.push_back(change.key);
+    unsettled_ = true;
+    if (typing) {
+        moment_.start();
+        emit Changed(changes);
+        return;
+    }
+    Look();
     emit Changed(changes);
+    TellUnkept();
+}
+
+// What takes longer than a key may: the checks of the whole document.
+void DocumentSession::Look() {
+    moment_.stop();
+    unsettled_ = false;
+    sinceSave_.reset();
+    problems_ = document_.Validate();
+}
+
+void DocumentSession::TellUnkept() {
+    const std::vector<KeyValue> before = std::exchange(knownLines_, document_.Lines());
+    emit Unkept(NotKept(before, document_, std::exchange(edited_, {})));
 }
 
 void DocumentSession::AnnounceAndShow(const ChangeSet& changes) {

@@ -2,6 +2,7 @@
 
 #include <QObject>
 #include <QStringList>
+#include <QTimer>
 #include <functional>
 #include <optional>
 #include <string>
@@ -51,7 +52,7 @@ class DocumentSession : public QObject {
     void TakeLiveCards(const std::string& reported);
 
     // Typing is one step until it ends. What was typed so far goes back when it has become wrong.
-    void EndTyping() { history_.Seal(); }
+    void EndTyping();
     void TakeBackTyping(const std::string& key);
     // Before the document is saved, sent or left: what is being typed is taken. What cannot be taken comes
     // back in words, one an input, and stays where it was typed.
@@ -65,8 +66,14 @@ class DocumentSession : public QObject {
     std::optional<std::string> UndoName() const;
     std::optional<std::string> RedoName() const;
 
+    // What is wrong with the document, as last found: after every edit; while typing goes on a moment after
+    // it, or when Settle comes first.
+    const std::vector<BrokenRule>& Problems() const { return problems_; }
+    // Looks now, if anything was typed since it last looked.
+    void Settle();
+
     // Against the last save or load, by the lines of the file.
-    ChangeSet ChangesSinceSave() const;
+    const ChangeSet& ChangesSinceSave() const;
     std::optional<std::string> SavedValue(const std::string& key) const;
     const std::vector<KeyValue>& SavedLines() const { return savedLines_; }
 
@@ -74,6 +81,10 @@ class DocumentSession : public QObject {
     void Replaced();                                // another document, or the same one anew
     void Changed(const calyx::ChangeSet& changes);  // after every edit, undo and redo
     void Saved();
+    void Settled();  // Problems() are anew after typing
+    // An edit has taken the lines of these values, which are not their initial ones, or their line cannot
+    // hold them: saving loses them. Empty: of those told before nothing is to be told any more.
+    void Unkept(const std::vector<calyx::Refusal>& values);
     void GoTo(const QString& key);       // the view shall show this parameter
     void Told(const QString& message);   // for the status line
     void Finishing(QStringList* wrong);  // FinishInput: inputs take what they hold, or add their words
@@ -82,7 +93,7 @@ class DocumentSession : public QObject {
   private:
     void TakeBaseline();
     void Use(CIndicator&& document);
-    void Announce(const ChangeSet& changes);
+    void Announce(const ChangeSet& changes, bool typing = false);
     void AnnounceAndShow(const ChangeSet& changes);
     std::string StepName(const std::string& key, const ChangeSet& changes) const;
 
@@ -90,8 +101,19 @@ class DocumentSession : public QObject {
     CIndicator document_;
     History history_;
     ReadReport report_;
+    void Look();
+    void TellUnkept();
+
+    static constexpr int kMoment = 150;  // ms
+
     std::vector<KeyValue> savedLines_;
     std::string liveCards_;
+    std::vector<BrokenRule> problems_;
+    std::vector<KeyValue> knownLines_;            // when it last looked
+    std::vector<std::string> edited_;             // keys, since then
+    bool unsettled_ = false;                      // typed since then
+    QTimer moment_;                               // until it looks
+    mutable std::optional<ChangeSet> sinceSave_;  // until the next change
 };
 
 }  // namespace calyx::ui

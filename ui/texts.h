@@ -71,28 +71,15 @@ inline constexpr int kNotInDocument = 20376;  // {1} key
 inline constexpr int kUndone = 20377;         // {1} name of the step
 inline constexpr int kRedone = 20378;         // {1} name of the step
 
-// pages of kept lines
-inline constexpr int kKeptCount = 20390;  // {1} number
-inline constexpr int kKeptCountOne = 20391;
-inline constexpr int kKeptEmpty = 20392;  // {1} title of the part
-inline constexpr int kKeptEmptyHint = 20393;
-inline constexpr int kKeptKey = 20394;
-inline constexpr int kKeptValue = 20395;
-inline constexpr int kKeptListName = 20396;  // {1} title of the part
-inline constexpr int kOpenFile = 20397;
-inline constexpr int kReadIndicator = 20398;
+// the note above a page
+inline constexpr int kUnkept = 42300;      // {1} parameters
+inline constexpr int kUnkeptOne = 42301;   // {1} parameter
+inline constexpr int kUnkeptMore = 42302;  // {1} parameters, {2} how many more
+inline constexpr int kNoteUndo = 42303;
+inline constexpr int kNoteClose = 42304;
 
 // what a place is for, where it is empty
-inline constexpr int kForHardware = 20640;
-inline constexpr int kForPorts = 20641;
-inline constexpr int kForScales = 20642;
 inline constexpr int kForBoxes = 20643;
-inline constexpr int kForSetpoints = 20644;
-inline constexpr int kForTickets = 20645;
-inline constexpr int kForScreens = 20646;
-inline constexpr int kForFieldbus = 20647;
-inline constexpr int kForPrompts = 20648;
-inline constexpr int kForCustom = 20649;
 
 // lines
 inline constexpr int kLinesTitle = 20400;

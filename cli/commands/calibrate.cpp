@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <istream>
+
 #include "cli/commands/commands.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
@@ -57,7 +60,9 @@ class Calibrate final : public Command {
                "them\n"
                "needs, so that usually a call does one step. On failure and on Ctrl+C the old values are put "
                "back and\n"
-               "read. --restore puts back what a calibration that was cut off (power, crash) left behind.\n";
+               "read. --restore puts back what a calibration that was cut off (power, crash) left behind.\n"
+               "On a terminal, steps that follow one another wait until Enter says that the scale is "
+               "ready.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -70,6 +75,9 @@ class Calibrate final : public Command {
         options.Each(linear_, "--linear", "K=W", "calibrates the linear point K (1 to 5) at the weight W");
         options.Flag(rezero_, "--rezero", "takes the weight of hooks and chains out of the zero");
         options.Flag(restore_, "--restore", "puts back what a calibration that was cut off left behind");
+        options.Flag(forget_, "--forget",
+                     "forgets what a calibration that was cut off left behind; needs no LINK");
+        options.Flag(force_, "--force", "restores although the LINK is not the one that it was read by");
         options.Text(into_, "--into", "FILE", "takes the new values over into this configuration file");
         options.Text(certificate_, "--certificate", "OUT",
                      "writes a certificate, as HTML for names in .html");
@@ -84,23 +92,36 @@ class Calibrate final : public Command {
             points.push_back(ReadPoint(text));
             NeedWeight("--linear", points.back().weight);
         }
+        const auto pending = PendingCalibration(program);
+        if ((restore_ || forget_) && !pending) {
+            program.Say("no calibration was cut off: there is nothing to put back");
+            return kDone;
+        }
+        if (forget_) {
+            ForgetCalibration(program);
+            return kDone;
+        }
+        if (pending && !restore_ && !read_)
+            throw UsageError("a calibration of scale " + std::to_string(pending->scale) +
+                             " was cut off; --restore puts its old values back first, --forget drops them");
         if (certificate_) NeedPlace(program, *certificate_);
         std::optional<CIndicator> document;
-        if (into_) document.emplace(Opening{}.OpenForChange(program, *into_));
-        Link link(program, link_);
+        if (into_) document.emplace(OpenInto(program));
+        Link link(program, link_, Own::Calibration);
         const std::string version = link.Connect();
         Statuses statuses(program);
-        CCalibration calibration(link.Comm(), program.Model(), statuses,
-                                 program.App().folders.userData + "calibration.journal");
-        if (restore_) return Restore(program, calibration, statuses);
-        if (calibration.Pending())
-            throw UsageError("a calibration was cut off; --restore puts its old values back first");
-        if (!calibration.Begin(*scale_)) Fail(program, statuses.last);
+        CCalibration calibration(link.Comm(), program.Model(), statuses, CalibrationJournalFile(program));
+        if (restore_) {
+            NeedSameWay(pending->where, link.Comm().Where(), force_);
+            if (!calibration.RestorePending()) Fail(program, statuses.last);
+            return kDone;
+        }
         if (read_) {
-            calibration.Cancel();
+            if (!calibration.GetCurrentCalibration(*scale_)) Fail(program, statuses.last);
             Print(program, calibration.Old(), calibration.Old());
             return kDone;
         }
+        if (!calibration.Begin(*scale_)) Fail(program, statuses.last);
         if (!Steps(program, calibration, points) || !Finish(program, calibration, document)) {
             const std::string why = statuses.last;
             GiveUp(program, calibration, why);
@@ -113,8 +134,9 @@ class Calibrate final : public Command {
   private:
     void CheckUsage() const {
         const bool steps = zero_ || span_ || rezero_ || !linear_.empty();
-        if (restore_) {
-            if (steps || read_ || scale_) throw UsageError("--restore stands alone");
+        if (restore_ || forget_) {
+            const bool alone = !steps && !read_ && !scale_ && restore_ != forget_;
+            if (!alone) throw UsageError(restore_ ? "--restore stands alone" : "--forget stands alone");
             return;
         }
         if (!scale_) throw UsageError("give the scale with --scale");
@@ -124,15 +146,39 @@ class Calibrate final : public Command {
         if (read_ && (into_ || certificate_)) throw UsageError("--read changes nothing to be kept");
     }
 
+    // Before anything is done to the indicator.
+    CIndicator OpenInto(Program& program) const {
+        CIndicator document = Opening{}.OpenForChange(program, *into_);
+        const auto scales = ScalesToCalibrate(document);
+        if (std::find(scales.begin(), scales.end(), *scale_) == scales.end())
+            throw UsageError("scale " + std::to_string(*scale_) + " of " + *into_ +
+                             " is of a kind that has no calibration");
+        return document;
+    }
+
     bool Steps(Program& program, CCalibration& calibration, const std::vector<Point>& points) const {
+        const std::size_t steps = points.size() + (zero_ ? 1u : 0u) + (span_ ? 1u : 0u) + (rezero_ ? 1u : 0u);
+        const auto ready = [&](const std::string& what) { return steps == 1 || Ready(program, what); };
         const auto going = [&program](bool success) { return success && !program.Cancelled(); };
-        if (zero_ && !going(calibration.Zero(weight_.value_or("")))) return false;
+        if (zero_ && !(ready("Empty the scale") && going(calibration.Zero(weight_.value_or("")))))
+            return false;
         if (span_ && !zero_ && !going(calibration.SetTestWeight(*weight_))) return false;
-        if (span_ && !going(calibration.Span())) return false;
+        if (span_ && !(ready("Put " + *weight_ + " on the scale") && going(calibration.Span()))) return false;
         for (const Point& point : points) {
+            if (!ready("Put " + point.weight + " on the scale")) return false;
             if (!going(calibration.Linear(point.number, point.weight))) return false;
         }
-        return !rezero_ || going(calibration.Rezero());
+        return !rezero_ || (ready("Take hooks and chains off the scale") && going(calibration.Rezero()));
+    }
+
+    // False: Ctrl+C, or nobody is there any more.
+    static bool Ready(Program& program, const std::string& what) {
+        Console& ends = program.Ends();
+        if (!ends.inIsTerminal) return true;
+        ends.err << what << ", wait until it is still, then press Enter: " << std::flush;
+        std::string line;
+        if (!std::getline(ends.in, line)) program.App().cancel = true;  // nobody is there to go on
+        return !program.Cancelled();
     }
 
     bool Finish(Program& program, CCalibration& calibration, std::optional<CIndicator>& document) const {
@@ -156,15 +202,6 @@ class Calibrate final : public Command {
     [[noreturn]] static void Fail(Program& program, const std::string& why) {
         program.StopIfCancelled();
         throw Error(code::kLink, "Calyx.CCalibration.Run", why);
-    }
-
-    static int Restore(Program& program, CCalibration& calibration, const Statuses& statuses) {
-        if (!calibration.Pending()) {
-            program.Say("no calibration was cut off: there is nothing to put back");
-            return kDone;
-        }
-        if (!calibration.RestorePending()) Fail(program, statuses.last);
-        return kDone;
     }
 
     void Print(Program& program, const CalibrationValues& before, const CalibrationValues& after) const {
@@ -211,7 +248,8 @@ class Calibrate final : public Command {
     std::optional<int> scale_;
     std::optional<std::string> weight_, into_, certificate_, who_;
     std::vector<std::string> linear_;
-    bool read_ = false, zero_ = false, span_ = false, rezero_ = false, restore_ = false;
+    bool read_ = false, zero_ = false, span_ = false, rezero_ = false, restore_ = false, forget_ = false,
+         force_ = false;
     LinkOptions link_;
 };
 

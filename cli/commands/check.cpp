@@ -43,6 +43,11 @@ std::string Sentence(const ReadNote& note) {
     const std::string value = Quoted(note.value, kShown);
     const std::string became = Quoted(note.became, kShown);
     const std::string key = Printable(note.key, kShown);
+    if (!note.reason.empty()) {
+        return key + ": " + value +
+               (note.became.empty() ? " is not understood. " : " became " + became + ". ") +
+               Printable(note.reason);
+    }
     switch (note.kind) {
         case ReadNote::Kind::TextLine:
             return (IsComment(note) ? "a comment, not kept: " : "no parameter line, not kept: ") + value;
@@ -56,7 +61,9 @@ std::string Sentence(const ReadNote& note) {
         case ReadNote::Kind::ListValue:
             return key + ": " + value + " is not in its list; became " + became;
         case ReadNote::Kind::NotUnderstood:
-            return key + ": " + value + " is not understood; became " + became;
+            // Nothing stands in its place: a record, a name.
+            return key + ": " + value + " is not understood" +
+                   (note.became.empty() ? ", not kept" : "; became " + became);
         case ReadNote::Kind::PartlyRead:
             return key + ": only the start of " + value + " was read; became " + became;
         case ReadNote::Kind::Cut:
@@ -117,7 +124,8 @@ class Check final : public Command {
                                         {"section", note.section},
                                         {"key", Utf8(note.key)},
                                         {"value", Utf8(note.value)},
-                                        {"became", Utf8(note.became)}});
+                                        {"became", Utf8(note.became)},
+                                        {"reason", Utf8(note.reason)}});
         }
         listing["brokenRules"] = Json::array();
         for (const BrokenRule& rule : rules) {

@@ -24,6 +24,7 @@ std::unique_ptr<Command> MakeCompare();
 std::unique_ptr<Command> MakeCalibrate();
 std::unique_ptr<Command> MakeResume();
 std::unique_ptr<Command> MakeSend();
+std::unique_ptr<Command> MakeTerminal();
 std::unique_ptr<Command> MakeSimulate();
 
 }  // namespace calyx::cli

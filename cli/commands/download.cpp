@@ -27,7 +27,7 @@ class DownloadCommand final : public Command {
                "0. --dry-run needs no LINK: it prints the lines in sending order for --firmware and sends "
                "nothing.\n"
                "--changed keeps what the indicator held in the folder backups of the user's folder. When the "
-               "link is lost\nmeanwhile, the command resume goes on.\n";
+               "link is lost\nor Ctrl+C is pressed meanwhile, the command resume goes on.\n";
     }
     bool HasListing() const override { return true; }
 
@@ -37,7 +37,8 @@ class DownloadCommand final : public Command {
         options.Text(program_, "--program", "X.cod", "the compiled Scrivo program, which is sent as well");
         options.Number(timeoutMs_, "--timeout-ms", "N", "wait for the answer to a line; 10000 without it", 1,
                        kMostTimeoutMs);
-        options.Flag(haltOnError_, "--halt-on-error", "ends with the first line that is refused");
+        options.Flag(haltOnError_, "--halt-on-error",
+                     "ends with the first line that is refused, as the program's setting may say, too");
         options.Flag(changed_, "--changed",
                      "reads the indicator first, sends only what differs and reads back");
         options.Flag(verify_, "--verify", "reads back afterwards and lists what differs");
@@ -53,7 +54,7 @@ class DownloadCommand final : public Command {
         DownloadOptions options{.mask = groups_.Mask(),
                                 .programFile = program_.value_or(""),
                                 .timeoutMs = timeoutMs_.value_or(DownloadOptions{}.timeoutMs),
-                                .haltOnError = haltOnError_};
+                                .haltOnError = haltOnError_ || program.App().settings.HaltOnDownloadError};
         if (program_) options.mask |= download_option::chkCODFile;
         if (options.mask & download_option::chkCODFile && Trim(options.programFile).empty())
             throw UsageError("give the program to send with --program");
@@ -112,11 +113,7 @@ class DownloadCommand final : public Command {
             WriteUpload(*program.Model().files, program.Model().texts, *backup_,
                         ReadDump(program, link, progress));
         }
-        DownloadProgress events(program, progress);
-        CDownload download(link.Comm(), program.App().cancel, events);
-        const Target target = program.Model().target.Gated();
-        const DownloadReport report = download.Run(document, options, target);
-        progress.End(report.status);
+        const DownloadReport report = SendAll(program, link, document, file_, options, backup_, progress);
         program.StopIfCancelled();
 
         ReadBack back;

@@ -1,6 +1,7 @@
 #include "cli/commands/commands.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
+#include "model/language/text.h"
 
 namespace calyx::cli {
 
@@ -29,7 +30,9 @@ class Get final : public Command {
         for (const std::string& key : keys_) {
             const Place place = FindPlace(document, key);
             if (place.item != nullptr) {
-                values.push_back({place.item->Key(place.row), place.item->Text(place.row)});
+                // A custom parameter's line has the name that its user gave it.
+                const std::string own = place.item->Key(place.row);
+                values.push_back({EqualNoCase(own, key) ? own : Upper(key), place.item->Text(place.row)});
             } else if (place.section != nullptr) {
                 program.Say("the file has no line " + key);
             } else {

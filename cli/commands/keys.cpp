@@ -61,8 +61,7 @@ class Keys final : public Command {
         out << "  section   " << p.sectionTitle << (p.heading.empty() ? "" : ", " + p.heading) << '\n';
         out << "  value     ";
         if (p.words.empty()) {
-            out << p.form << (p.range.empty() ? "" : ", " + p.range) << (p.unit.empty() ? "" : " " + p.unit)
-                << '\n';
+            out << ValueWords(p) << '\n';
         } else {
             out << "a word of the list " << p.list << '\n';
             for (const auto& word : p.words) out << "            " << word.key << "  " << word.text << '\n';

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <iterator>
 
 #include "cli/commands/commands.h"
 #include "cli/differences.h"
@@ -36,6 +37,9 @@ class Merge final : public Command {
         const CIndicator before = document;
         const CIndicator other = opening_.Open(program, other_);
         const auto lines = other.Lines();
+        std::vector<KeyValue> chosen;
+        std::copy_if(lines.begin(), lines.end(), std::back_inserter(chosen),
+                     [this](const KeyValue& line) { return Chosen(line.key); });
 
         bool missing = false;
         for (const std::string& pattern : patterns_) {
@@ -43,23 +47,19 @@ class Merge final : public Command {
             missing = true;
             program.Say(other_ + " has no line for " + pattern);
         }
-        const bool any = std::any_of(lines.begin(), lines.end(),
-                                     [this](const KeyValue& line) { return Chosen(line.key); });
-        if (!any) {
+        if (chosen.empty()) {
             program.Say("nothing was taken and nothing was written");
             return kFindings;
         }
-        const ChangeSet changes = Difference(document.Lines(), lines).Where([this](const Change& change) {
-            return change.after.has_value() && Chosen(change.key);
-        });
-        document.Apply(changes);
+        auto told = document.Merge(chosen).refused;
         document.Save(*output_, false);
         ListDifferences(program, Difference(before.Lines(), document.Lines()), before, document);
         std::vector<std::string> keys;
-        for (const Change& change : changes.Changes()) keys.push_back(change.key);
-        const auto lost = document.NotKept(keys);
-        SayRefused(program, lost);
-        return missing || !lost.empty() ? kFindings : kDone;
+        for (const KeyValue& line : chosen) keys.push_back(line.key);
+        auto lost = document.NotKept(keys);
+        std::move(lost.begin(), lost.end(), std::back_inserter(told));
+        SayRefused(program, told);
+        return missing || !told.empty() ? kFindings : kDone;
     }
 
   private:

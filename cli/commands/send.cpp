@@ -1,8 +1,8 @@
+#include "cli/commands/answers.h"
 #include "cli/commands/commands.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
 #include "cli/link.h"
-#include "cli/text.h"
 #include "comm/download.h"
 #include "comm/link_texts.h"
 #include "model/language/text.h"
@@ -45,57 +45,35 @@ class Send final : public Command {
         if (lines.empty()) throw UsageError("nothing to send; give --line or --file");
         Link link(program, link_);
         link.Connect(Link::Bus::Any);  // so that the bus parameter itself can be switched off
-        bool allAnswered = true;
-        Json listing = Json::array();
-        for (const std::string& line : lines) {
-            const Answer answer = line.find('=') != std::string::npos ? Set(link, line) : Ask(link, line);
-            program.StopIfCancelled();
-            allAnswered = allAnswered && answer.good;
-            listing.push_back({{"line", Utf8(line)}, {"answer", Utf8(answer.text)}, {"good", answer.good}});
-            if (!program.WantsJson())
-                program.Out() << Printable(line) << ": " << Shown(answer.text) << std::flush;
-            if (answer.lost)
-                throw Error(code::kLink, "Calyx.CIndicatorComm.Send",
-                            program.Model().texts.Format(link_text::kLost, {link.Comm().Where()}));
-        }
-        program.List([&] { return listing; }, [](std::ostream&) {});
-        return allAnswered ? kDone : kFindings;
+        std::string text;
+        for (const std::string& line : lines) text += line + "\n";
+        Answers answers(program);
+        CSendFile sending(link.Comm(), program.App().cancel, answers);
+        const auto report = sending.Run(text, timeoutMs_.value_or(DownloadOptions{}.timeoutMs), false);
+        program.StopIfCancelled();
+        program.List([&] { return answers.listing; }, [](std::ostream&) {});
+        if (report.end == CSendFile::Report::End::Lost)
+            throw Error(code::kLink, "Calyx.CIndicatorComm.Send",
+                        program.Model().texts.Format(link_text::kLost, {link.Comm().Where()}));
+        return report.Failed() == 0 ? kDone : kFindings;
     }
 
   private:
-    struct Answer {
-        std::string text;
-        bool good = false;
-        bool lost = false;
-    };
-
-    Answer Set(Link& link, const std::string& line) const {
-        switch (link.Comm().Send(line, timeoutMs_.value_or(DownloadOptions{}.timeoutMs)).result) {
-            case SendResult::Accepted:
-                return {"OK", true};
-            case SendResult::Refused:
-                return {"??"};
-            case SendResult::Lost:
-                return {"no answer", false, true};
-            case SendResult::NoAnswer:
-            case SendResult::Cancelled:
-                break;
+    // Prints each answer as it comes.
+    class Answers final : public CSendFile::IEvents {
+      public:
+        explicit Answers(Program& program) : program_(program) {}
+        void Answered(const CSendFile::Answer& answer) override {
+            listing.push_back(
+                {{"line", Utf8(answer.line)}, {"answer", Utf8(Words(answer))}, {"good", answer.good}});
+            if (!program_.WantsJson())
+                program_.Out() << Printable(answer.line) << ": " << AnswerLines(answer) << std::flush;
         }
-        return {"no answer"};
-    }
+        Json listing = Json::array();
 
-    static Answer Ask(Link& link, const std::string& line) {
-        const std::string reply = WithLineFeeds(link.Comm().GetData(line).value_or(""));
-        const std::string_view text = std::string_view(reply).substr(0, reply.find_last_not_of('\n') + 1);
-        if (text.empty()) return {"no answer"};
-        return {std::string(text), text != "??"};
-    }
-
-    static std::string Shown(const std::string& answer) {
-        std::string shown;
-        ForEachLine(answer, [&](std::string_view line) { shown += Printable(line) + "\n"; });
-        return shown;
-    }
+      private:
+        Program& program_;
+    };
 
     void AppendFile(Program& program, std::vector<std::string>& lines) const {
         ForEachLine(ReadWhole(program, *file_), [&](std::string_view line) {

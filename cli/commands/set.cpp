@@ -5,6 +5,7 @@
 #include "cli/differences.h"
 #include "cli/documents.h"
 #include "cli/exit.h"
+#include "model/document/kept.h"
 #include "model/language/text.h"
 
 namespace calyx::cli {
@@ -48,7 +49,7 @@ class Set final : public Command {
         if (some) document.Save(output_.value_or(file_), false);
         std::vector<std::string> keys;
         for (const KeyValue& line : lines) keys.push_back(line.key);
-        auto lost = NotKept(before, document, keys);
+        auto lost = NotKept(before.Lines(), document, keys);
         std::move(lost.begin(), lost.end(), std::back_inserter(refused));
 
         ListDifferences(program, taken.changes, before, document);

@@ -12,6 +12,7 @@
 #include "platform/paths.h"
 #include "sim/fault.h"
 #include "sim/pty_simulator.h"
+#include "sim/serial_simulator.h"
 #include "sim/tcp_server.h"
 
 namespace calyx::cli {
@@ -28,9 +29,8 @@ class Simulate final : public Command {
     std::string Notes() const override {
         std::string notes =
             "It listens on 127.0.0.1, which only programs of this computer reach; the address, or the path "
-            "of "
-            "the\n"
-            "pseudo-terminal, is printed once it does.\n\nFaults, each for one line only with @K behind it, "
+            "of the\n"
+            "serial line, is printed once it does.\n\nFaults, each for one line only with @K behind it, "
             "or "
             "from the\nK-th line on with @K+:\n";
         std::size_t width = 0;
@@ -49,6 +49,8 @@ class Simulate final : public Command {
         options.Number(port_, "--tcp", "PORT", "TCP port to listen on; 0, as without it: a free one", 0,
                        65535);
         options.Flag(pty_, "--pty", "a serial line on a pseudo-terminal instead of TCP");
+        options.Text(serial_, "--serial", "DEVICE",
+                     "a serial port, with the host at the other end of its cable");
         options.Text(version_, "--version", "TEXT", "the answer to VERSION; \"V3.10.02 MERRIN\" without it");
         options.Number(address_, "--address", "N", "bus address: it hears and speaks in frames only", 1, 255);
         options.Text(settings_, "--settings", "19200,N,8,1",
@@ -62,14 +64,18 @@ class Simulate final : public Command {
     }
 
     int Run(Program& program) override {
-        if (pty_ && port_) throw UsageError("give --tcp or --pty, not both");
-        if (settings_ && !pty_) throw UsageError("--settings are for --pty");
+        if ((pty_ ? 1 : 0) + (port_ ? 1 : 0) + (serial_ ? 1 : 0) > 1)
+            throw UsageError("give one of --tcp, --pty and --serial, not both");
+        if (settings_ && !pty_ && !serial_) throw UsageError("--settings are for --pty and --serial");
+        const std::string settings = settings_.value_or("9600,N,8,1");
         const auto report = [&](const std::string& trouble) { program.Say(trouble); };
         try {
             if (pty_) {
-                sim::PtySimulator simulator(What(program), {.settings = settings_.value_or("9600,N,8,1")},
-                                            report);
+                sim::PtySimulator simulator(What(program), {.settings = settings}, report);
                 Serve(program, simulator.Path());
+            } else if (serial_) {
+                sim::SerialSimulator simulator(What(program), *serial_, settings, report);
+                Serve(program, *serial_);
             } else {
                 sim::TcpSimulator simulator(What(program), static_cast<std::uint16_t>(port_.value_or(0)),
                                             report);
@@ -82,7 +88,7 @@ class Simulate final : public Command {
             throw Error(writing ? code::kFileNotWritten : code::kFileNotReadable, "Calyx.Simulator.State",
                         std::string("The simulated indicator cannot run: ") + failure.what());
         } catch (const std::exception& failure) {
-            throw Error(code::kLink, "Calyx.TcpSimulator.Listen",
+            throw Error(code::kLink, "Calyx.Simulator.Listen",
                         std::string("The simulated indicator cannot run: ") + failure.what());
         }
         throw Interrupted{};  // it ends by Ctrl+C only
@@ -111,7 +117,7 @@ class Simulate final : public Command {
     }
 
     std::optional<int> port_, address_, fill_;
-    std::optional<std::string> version_, settings_, content_, state_;
+    std::optional<std::string> version_, settings_, serial_, content_, state_;
     std::vector<std::string> faults_;
     bool pty_ = false, strict_ = false;
 };

@@ -55,11 +55,18 @@ std::string CCalibration::Version() {
     return StripEcho(link_.GetLine("VERSION").value_or(std::string()), "VERSION");
 }
 
-bool CCalibration::Begin(int scale) {
+// An indicator that says nothing at all is told from one that is in another mode.
+bool CCalibration::InSetupMode() {
+    const SendResult result = link_.AskForSetupMode();
+    if (result == SendResult::Accepted) return true;
+    const bool there = result == SendResult::Refused || link_.StillAnswers();
+    return Status(there ? link_text::kNotInSetupMode : kNoLink, false);
+}
+
+bool CCalibration::GetCurrentCalibration(int scale) {
     state_ = State::Idle;
     record_ = {.scale = scale, .where = {}, .version = {}, .old = {}};
-    if (!Connected()) return false;
-    if (!link_.CheckForSetupMode()) return Status(link_text::kNotInSetupMode, false);
+    if (!Connected() || !InSetupMode()) return false;
     Status(kReading);
     try {
         record_.where = link_.Where();
@@ -68,22 +75,34 @@ bool CCalibration::Begin(int scale) {
         return Status(kReadFailed, false);
     }
     if (!ReadAll(record_.old)) return Status(kReadFailed, false);
-    journal_.Keep(record_);
     new_ = record_.old;
-    state_ = State::Ready;
     return Status(kRead);
+}
+
+bool CCalibration::Begin(int scale) {
+    if (journal_.Find()) return Status(link_text::kCalibrationWaits, false);
+    if (!GetCurrentCalibration(scale)) return false;
+    journal_.Keep(record_);
+    state_ = State::Ready;
+    return true;
 }
 
 bool CCalibration::Acknowledged(const std::string& command) {
     state_ = State::Changed;
-    return link_.SendData(command, kCommandMs);
+    last_ = link_.Send(command, kCommandMs).result;
+    return last_ == SendResult::Accepted;
+}
+
+// What a person broke off has not failed, and nothing is to be said about it.
+bool CCalibration::Failed(int number) {
+    return last_ == SendResult::Cancelled ? false : Status(number, false);
 }
 
 bool CCalibration::Step(std::initializer_list<std::string> commands, int begun, int done, int failed) {
     if (state_ == State::Idle) return Status(failed, false);
     Status(begun);
     for (const std::string& command : commands) {
-        if (!Acknowledged(command)) return Status(failed, false);
+        if (!Acknowledged(command)) return Failed(failed);
     }
     return Status(done);
 }
@@ -116,7 +135,7 @@ bool CCalibration::Linear(int point, const std::string& weight) {
     bool done = Acknowledged(Set(GetLinearWeightCalCommand(point, scale), weight)) &&
                 Acknowledged(GetDoLinearCalCommand(point, scale));
     const auto count = done ? GetCalData(GetLinearCountsCalCommand(point, scale)) : std::nullopt;
-    if (!count) return Status(kLinearFailed, false);
+    if (!count) return Failed(kLinearFailed);
     new_.linearWeights[static_cast<std::size_t>(point - 1)] = weight;
     new_.linearCounts[static_cast<std::size_t>(point - 1)] = *count;
     return Status(kLinearDone);
@@ -196,8 +215,7 @@ bool CCalibration::RestorePending() {
     } catch (const Error&) {
         return Status(kNoLink, false);
     }
-    if (!link_.CheckForSetupMode()) return Status(link_text::kNotInSetupMode, false);
-    if (!RestoreOld()) return false;
+    if (!InSetupMode() || !RestoreOld()) return false;
     journal_.Remove();
     state_ = State::Idle;
     return true;

@@ -41,7 +41,10 @@ class CCalibration {
           events_(events),
           journal_(*context.files, context.texts, journalFile) {}
 
-    // Connects where needed, asks for configuration mode, reads. The scale: 1 to 32.
+    // Connects where needed, asks for configuration mode, reads what Old() then has. The scale: 1 to 32.
+    bool GetCurrentCalibration(int scale);
+    // The same, and keeps what was read. False too while another calibration that was cut off waits to be
+    // put back: its old values must not be overwritten.
     bool Begin(int scale);
 
     bool SetTestWeight(const std::string& weight);  // without calibrating; Zero does it by itself
@@ -74,7 +77,9 @@ class CCalibration {
   private:
     bool Status(int number, bool success = true);
     bool Acknowledged(const std::string& command);
+    bool Failed(int number);
     bool Step(std::initializer_list<std::string> commands, int begun, int done, int failed);
+    bool InSetupMode();
     std::optional<std::string> GetCalData(const std::string& command);
     bool ReadAll(CalibrationValues& values);
     bool RestoreOld();
@@ -88,10 +93,11 @@ class CCalibration {
     CalibrationRecord record_;
     CalibrationValues new_;
     State state_ = State::Idle;
+    SendResult last_ = SendResult::Accepted;  // of the last command
 };
 
-// Whether the wizard offers scales of a kind: those whose counts the indicator or its boxes measure (2 analog, 5
-// Vexal, 7 analog input).
+// Whether the wizard offers scales of a kind: those whose counts the indicator or its boxes measure (2
+// analog, 5 Vexal, 7 analog input).
 bool CanCalibrate(std::int32_t kind);
 std::vector<int> ScalesToCalibrate(const CIndicator& document);
 

@@ -13,7 +13,10 @@ std::error_code LastError() {
 
 bool Equal(const DCB& a, const DCB& b) {
     return a.BaudRate == b.BaudRate && a.ByteSize == b.ByteSize && a.Parity == b.Parity &&
-           a.StopBits == b.StopBits && a.fParity == b.fParity && a.fOutX == b.fOutX && a.fInX == b.fInX &&
+           a.StopBits == b.StopBits && a.fBinary == b.fBinary && a.fParity == b.fParity &&
+           a.fOutX == b.fOutX && a.fInX == b.fInX && a.fOutxCtsFlow == b.fOutxCtsFlow &&
+           a.fOutxDsrFlow == b.fOutxDsrFlow && a.fDsrSensitivity == b.fDsrSensitivity &&
+           a.fErrorChar == b.fErrorChar && a.fNull == b.fNull && a.fAbortOnError == b.fAbortOnError &&
            a.fDtrControl == b.fDtrControl && a.fRtsControl == b.fRtsControl;
 }
 

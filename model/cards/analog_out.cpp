@@ -13,17 +13,19 @@ void CAnalogOut::Initialize(int channel) {
 }
 
 int CAnalogOut::Position() const {
+    Need("Position");
     return Number() > card::kSlots ? Number() - card::kSlots : Number();
 }
 
 void CAnalogOut::SetAlias(std::string_view alias) {
-    AnalogFields& fields = Fields();
+    AnalogFields& fields = Fields("Alias");
     if (alias.size() > 8) Fail(code::kTextTooLong, "Alias");
     if (!alias.empty() && !modValidate::ValidateAlias(alias)) Fail(code::kAliasRefused, "Alias");
     fields.alias.Assign(alias);
 }
 
 std::string CAnalogOut::GetIWriteImportDef() const {
+    Need("GetIWriteImportDef");
     const auto alias = Values().alias.Trimmed();
     if (alias.empty()) return {};
     return std::string(alias) + " : constant integer := " + std::to_string(Number()) + ";\r\n";

@@ -41,11 +41,13 @@ inline constexpr Codec<std::int32_t> kSource{ValueKind::Integer, 10,
                                                  return kInteger.take(value, text);
                                              }};
 
-// Before 3.09 only yes and no; with the CB2 board an older version takes that form too.
+// Firmware before 3.09 knew only yes and no, and takes that form with the CB2 flag, too. A version that this
+// program does not know is a newer one.
+constexpr Gate kYesOrNo{KnownBit("3.09.") - 1};
 inline constexpr Codec<FixedText<10>> kSwap{
     ValueKind::Text, 10,
     [](std::string& out, const FixedText<10>& value, const Target& target) {
-        if (target.Knows(Since("3.09."))) {
+        if (target.all || !target.Knows(kYesOrNo)) {
             out += value.Trimmed();
         } else {
             out += value.Trimmed() == "NONE" ? "NO" : "YES";
@@ -78,7 +80,7 @@ constexpr Row<A> kAnalogRows[] = {
     row<&A::spanCal, kInteger>("SPAN", "59650", {.label = 4512, .group = kTrim, .help = 4552, .unit = "counts"}),
 };
 constexpr Row<B> kFieldbusRows[] = {
-    row<&B::size, kInteger>("SIZE", "8", {.label = 4561, .group = kExchange, .help = 4571, .min = 1, .max = 512, .unit = "bytes"}),
+    row<&B::size, kInteger>("SIZE", "8", {.label = 4561, .group = kExchange, .help = 4571, .unit = "bytes"}),
     row<&B::swapByte, kSwap>("BYTESWAP", "NONE", {.list = "FB.BYTESWAP", .label = 4562, .group = kExchange, .help = 4572, .unknown = Unknown::Initial, .older = SwapWord}),
 };
 // clang-format on

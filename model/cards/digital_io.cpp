@@ -16,7 +16,18 @@ void CDigitalIO::Initialize(int number) {
     Own().Initialize(number);
 }
 
+int CDigitalIO::NumberOfPoints() const {
+    Own().Need("NumberOfPoints");
+    return onBoard_ ? DigitalFields::kBoardPoints : DigitalFields::kCardPoints;
+}
+
+const CTextList& CDigitalIO::PointDefinitions() const {
+    Own().Need("PointDefinitions");
+    return lists_.PointDefinitions();
+}
+
 std::size_t CDigitalIO::Place(int point, const char* operation) const {
+    Own().Need(operation);
     if (point < 1 || point > NumberOfPoints()) {
         Own().Fail(code::kOutOfRange, operation,
                    {std::to_string(point), "1 to " + std::to_string(NumberOfPoints())});
@@ -57,6 +68,7 @@ std::string CDigitalIO::GetIWriteImportDef() const {
     const auto constant = [](const std::string& name, int value) {
         return name + " : constant integer := " + std::to_string(value) + ";\r\n";
     };
+    Own().Need("GetIWriteImportDef");
     std::string points;
     for (int point = 1; point <= NumberOfPoints(); ++point) {
         const auto& alias = Values().alias[static_cast<std::size_t>(point - 1)];

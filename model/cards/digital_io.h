@@ -22,9 +22,9 @@ class CDigitalIO {
     }
     const DigitalFields& Values() const { return Parameters().fields; }
     int Number() const { return Parameters().Number(); }
-    int NumberOfPoints() const { return onBoard_ ? DigitalFields::kBoardPoints : DigitalFields::kCardPoints; }
+    int NumberOfPoints() const;
     std::string_view PointDefinition(int point) const;  // 10002 for a point that is not there
-    const CTextList& PointDefinitions() const { return lists_.PointDefinitions(); }
+    const CTextList& PointDefinitions() const;
     std::string PointDefinitionCommand(int point) const;  // the line of the point: "DIO.3#0=INPUT"
     std::string_view Alias(int point) const;
     void SetPointDefinition(int point, std::string_view definition);  // a word of the list, else 10002
@@ -51,6 +51,7 @@ class CDigitalIO {
         void Initialize(int number) { Begin(number, "#" + std::to_string(number)); }
         using RowObject::Fail;
         using RowObject::Fields;
+        using RowObject::Need;
     };
     const Points& Own() const { return onBoard_ ? board_ : card_; }
     Points& Own() { return onBoard_ ? board_ : card_; }

@@ -33,7 +33,7 @@ void CFieldbusCard::Initialize(int number) {
 }
 
 void CFieldbusCard::SetSwapByte(std::string_view word) {
-    FieldbusFields& fields = Fields();
+    FieldbusFields& fields = Fields("SwapByte");
     if (!swapByteList().ValidateItem(Trim(word)))
         Fail(code::kOutOfRange, "SwapByte", {word, swapByteList().TabDelimitedList()});
     fields.swapByte.Assign(Trim(word));

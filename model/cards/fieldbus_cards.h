@@ -20,7 +20,7 @@ class CFieldbusCard : public RowObject<FieldbusFields> {
     void ReloadDefaults() { Parameters().ReloadDefaults(); }
 
     std::int32_t Size() const { return Values().size; }
-    void SetSize(std::int32_t size) { Fields().size = size; }
+    void SetSize(std::int32_t size) { Fields("Size").size = size; }
     std::string SwapByte() const { return std::string(Values().swapByte.Trimmed()); }
     void SetSwapByte(std::string_view word);  // a word of the list, else 10002
     const CTextList& swapByteList() const { return lists_.swapByteList(); }

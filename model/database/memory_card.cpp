@@ -21,6 +21,10 @@ void CMemoryCard::Fail(int code, const char* operation, std::initializer_list<st
     throw Error(code, std::string("Calyx.CMemoryCard.") + operation, context_->texts.Format(code, words));
 }
 
+void CMemoryCard::Need(const char* operation) const {
+    if (slot_ == 0) Fail(code::kNotInitialised, operation, {});
+}
+
 void CMemoryCard::Initialize(int slot) {
     if (slot < 1 || slot > SchemaKey::kSlots) {
         Fail(code::kOutOfRange, "Initialize", {std::to_string(slot), "1 to 14"});
@@ -32,12 +36,12 @@ void CMemoryCard::Initialize(int slot) {
 }
 
 void CMemoryCard::ReloadDefaults() {
-    static_cast<void>(Position());
+    Need("ReloadDefaults");
     present_.clear();
 }
 
 int CMemoryCard::Position() const {
-    if (slot_ == 0) Fail(code::kNotInitialised, "Position", {});
+    Need("Position");
     return slot_;
 }
 
@@ -48,7 +52,8 @@ std::vector<Item*> CMemoryCard::Items() {
 }
 
 void CMemoryCard::RestoreState(Dictionary& lines, ReadReport& report) {
-    Initialize(Position());
+    Need("RestoreState");
+    Initialize(slot_);
     for (int table = 1; table <= SchemaKey::kMostTables; ++table) {
         if (lines.Peek(NameKey(table, slot_)) == nullptr) continue;
         Make(table);
@@ -58,16 +63,19 @@ void CMemoryCard::RestoreState(Dictionary& lines, ReadReport& report) {
 }
 
 void CMemoryCard::AppendText(std::string& out, const Target& target) const {
+    Need("GetTextOutput");
     for (const int table : present_) schemas_.at(table).Parameters().Append(out, target);
 }
 
 std::string CMemoryCard::StoreState() const {
+    Need("StoreState");
     std::string text;
     AppendText(text, Target::Everything());
     return text;
 }
 
 bool CMemoryCard::IsDirty() const {
+    Need("IsDirty");
     return present_ != saved_ || std::any_of(present_.begin(), present_.end(),
                                              [&](int table) { return schemas_.at(table).IsDirty(); });
 }
@@ -104,7 +112,13 @@ void CMemoryCard::Make(int table) {
     present_.insert(table);
 }
 
+std::vector<int> CMemoryCard::Schemas() const {
+    Need("Schemas");
+    return {present_.begin(), present_.end()};
+}
+
 const CSchema& CMemoryCard::Schema(int table) const {
+    Need("Schema");
     if (!present_.contains(table)) {
         Fail(code::kOutOfRange, "Schema", {std::to_string(table), context_->texts.Text(kTablesOfCard)});
     }
@@ -115,7 +129,7 @@ CSchema& CMemoryCard::Schema(int table) {
 }
 
 int CMemoryCard::Add(std::string_view name) {
-    static_cast<void>(Position());
+    Need("Add");
     if (Trim(name).size() > kNameWidth) Fail(code::kTextTooLong, "Add", {});
     int table = 1;
     while (present_.contains(table)) ++table;
@@ -151,6 +165,7 @@ std::string CMemoryCard::CopyText(const std::vector<int>& tables) const {
 }
 
 std::vector<int> CMemoryCard::Paste(std::string_view text) {
+    Need("Paste");
     Dictionary lines{std::string(text)};
     ReadReport passedOver;
     std::vector<CSchema> pasted;
@@ -188,6 +203,7 @@ std::string CMemoryCard::FreeName(std::string_view name) const {
 }
 
 std::string CMemoryCard::GetIWriteImportDef() const {
+    Need("GetIWriteImportDef");
     std::string text;
     for (const int table : present_) text += schemas_.at(table).GetIWriteImportDef();
     return text;
@@ -199,7 +215,7 @@ void CMemoryCard::AddBrokenRules(CBrokenRules& rules, std::string_view section,
         const CSchema& schema = schemas_.at(table);
         schema.AddBrokenRules(rules, section);
         if (schema.Name().empty() || names.insert(Upper(schema.Name())).second) continue;
-        rules.Add({std::string(section), Position(), NameKey(table, Position()),
+        rules.Add({std::string(section), table, NameKey(table, Position()),
                    context_->texts.Format(kSameTable, {schema.Name()})});
     }
 }

@@ -37,7 +37,7 @@ class CMemoryCard {
     void Prepare(const std::vector<Change>& changes, Section::Check check);
 
     // The tables' numbers, ascending.
-    std::vector<int> Schemas() const { return {present_.begin(), present_.end()}; }
+    std::vector<int> Schemas() const;
     const CSchema& Schema(int table) const;  // 10002 when there is none
     CSchema& Schema(int table);
     int Add(std::string_view name);  // the lowest free number; 10002 when all are taken
@@ -56,6 +56,7 @@ class CMemoryCard {
     void AddBrokenRules(CBrokenRules& rules, std::string_view section, std::set<std::string>& names) const;
 
   private:
+    void Need(const char* operation) const;
     void Make(int table);
     std::string FreeName(std::string_view name) const;
     [[noreturn]] void Fail(int code, const char* operation,

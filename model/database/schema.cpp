@@ -149,7 +149,7 @@ void CSchema::AddBrokenRules(CBrokenRules& rules, std::string_view section) cons
     const ResourceTexts& texts = Context().texts;
     const std::string table = Name().empty() ? std::to_string(Number()) : std::string(Name());
     const auto add = [&](const std::string& stem, std::string words) {
-        rules.Add({std::string(section), Slot(),
+        rules.Add({std::string(section), Number(),
                    "DB." + stem + "." + std::to_string(Number()) + "#" + std::to_string(Slot()),
                    std::move(words)});
     };

@@ -99,10 +99,12 @@ class CIndicator {
     // Of these keys those whose value the file cannot hold as things stand: it would read otherwise when
     // opened again. A setpoint that is off has no line for its alias.
     std::vector<Refusal> NotKept(const std::vector<std::string>& keys) const;
-    // Applies changes as they are, for undo, redo and merge; what no section took is told.
+    // Applies changes as they are, for undo and redo; what no section took is told.
     Taken Apply(const ChangeSet& changes);
-    // Takes values read back from a connected indicator, as leniently as a file is read: what only the
-    // indicator knows, too.
+    // Takes lines of another document as leniently as a file is read; what is not named stays. Of a key that
+    // occurs twice the first line counts. What was not taken as given is told.
+    Taken Merge(const std::vector<KeyValue>& lines);
+    // The same for values read back from a connected indicator: what only the indicator knows, too.
     Taken UpdateFromIndicator(std::string_view dump);
     // Puts a card into a slot, or takes it out (card::kEmptySlot), with all that the cards bring. 10002
     // for a slot outside 1 to 14.
@@ -131,7 +133,8 @@ class CIndicator {
                            std::initializer_list<std::string_view> arguments) const;
     void NeedDocument(const char* operation) const;
     Taken TakeChanges(const std::vector<Change>& changes, Section::Check check);
-    void FollowFieldbusCards(std::vector<Change>& changes) const;
+    Taken TakeLines(const std::vector<KeyValue>& lines);
+    void FollowFieldbusCards(std::vector<Change>& changes, Section::Check check) const;
     // What the changes make of a value, before they are taken.
     std::optional<std::string> ValueAfter(const std::vector<Change>& changes, std::string_view key) const;
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 
 #include "model/cards/card_types.h"
 #include "model/document/indicator.h"
@@ -26,7 +27,12 @@ void Record(Section& section, ChangeSet& changes, Edit&& edit) {
 std::optional<std::string> CIndicator::ValueAfter(const std::vector<Change>& changes,
                                                   std::string_view key) const {
     for (const Change& change : changes) {
-        if (change.after && EqualNoCase(change.key, key)) return change.after;
+        if (!change.after || !EqualNoCase(change.key, key)) continue;
+        // A line that comes with the name that makes it a parameter is none before.
+        const auto sections = Sections();
+        const bool owned = std::any_of(sections.begin(), sections.end(),
+                                       [key](const Section* section) { return section->Owns(key); });
+        return owned ? change.after : std::nullopt;
     }
     return Value(key);
 }
@@ -86,7 +92,7 @@ CIndicator::Taken CIndicator::Import(const std::vector<KeyValue>& lines) {
             }
             changes.push_back({line.key, std::nullopt, line.value});
         }
-        FollowFieldbusCards(changes);
+        FollowFieldbusCards(changes, Section::Check::Strict);
         Taken taken = TakeChanges(changes, Section::Check::Strict);
         std::move(refused.begin(), refused.end(), std::back_inserter(taken.refused));
         return taken;
@@ -101,18 +107,34 @@ std::vector<Refusal> CIndicator::NotKept(const std::vector<std::string>& keys) c
     std::vector<Refusal> lost;
     for (const std::string& key : keys) {
         const auto now = Value(key), then = again.Value(key);
-        if (!now || now == then) continue;
+        // A place that waited for a line that was refused holds nothing that could be lost.
+        if (!now || now == then || (now->empty() && !then)) continue;
         lost.push_back({key, *now, context_->texts.Format(kNotKept, {key, then.value_or("")})});
     }
     return lost;
 }
 
+CIndicator::Taken CIndicator::TakeLines(const std::vector<KeyValue>& lines) {
+    std::vector<Change> changes;
+    std::unordered_set<std::string> seen;
+    for (const KeyValue& line : lines) {
+        if (seen.insert(Upper(line.key)).second) changes.push_back({line.key, std::nullopt, line.value});
+    }
+    FollowFieldbusCards(changes, Section::Check::Lenient);
+    return TakeChanges(changes, Section::Check::Lenient);
+}
+
+CIndicator::Taken CIndicator::Merge(const std::vector<KeyValue>& lines) {
+    return As("Calyx.CIndicator.Merge", [&] {
+        NeedDocument("Merge");
+        return TakeLines(lines);
+    });
+}
+
 CIndicator::Taken CIndicator::UpdateFromIndicator(std::string_view dump) {
     return As("Calyx.CIndicator.UpdateFromIndicator", [&] {
         NeedDocument("UpdateFromIndicator");
-        std::vector<Change> changes;
-        for (const KeyValue& line : ReadLines(dump)) changes.push_back({line.key, std::nullopt, line.value});
-        return TakeChanges(changes, Section::Check::Lenient);
+        return TakeLines(ReadLines(dump));
     });
 }
 
@@ -123,18 +145,26 @@ CIndicator::Taken CIndicator::Apply(const ChangeSet& changes) {
     });
 }
 
-// A fieldbus card comes and goes with its slot. Lines of it that the changes name themselves go before.
-void CIndicator::FollowFieldbusCards(std::vector<Change>& changes) const {
+// A fieldbus card comes and goes with its slot. Lines of it that the changes name themselves go before, and
+// one that never had a slot stays: its lines are all that it has. The lines of a file or an indicator, where
+// they tell of fieldbus cards, tell of all that come: files number them otherwise, too.
+void CIndicator::FollowFieldbusCards(std::vector<Change>& changes, Section::Check check) const {
+    const bool told = check == Section::Check::Lenient &&
+                      std::any_of(changes.begin(), changes.end(),
+                                  [&](const Change& change) { return FieldbusCards().Owns(change.key); });
     std::vector<Change> more;
     for (const Change& change : changes) {
         if (!EqualNoCase(change.key, "HARDWARE") || !change.after) continue;
         SlotFields wanted;
-        if (kSlotTable.rows[0].take(wanted, *change.after) != calyx::Taken::Whole) continue;
+        const auto read = kSlotTable.rows[0].take(wanted, *change.after);
+        const bool refused =
+            read == calyx::Taken::Not || (read != calyx::Taken::Whole && check == Section::Check::Strict);
+        if (refused) continue;
         for (int slot = 1; slot <= card::kSlots; ++slot) {
             const bool was = card::IsFieldbus(Hardware().CardType(slot));
             const bool is = card::IsFieldbus(wanted.codes[static_cast<std::size_t>(slot - 1)]);
             const bool exists = FieldbusCards().Exists(slot);
-            const auto lines = is && !exists          ? FieldbusCards().Adding(slot)
+            const auto lines = is && !exists && !told ? FieldbusCards().Adding(slot)
                                : was && !is && exists ? FieldbusCards().Removing(slot)
                                                       : std::vector<Change>();
             more.insert(more.end(), lines.begin(), lines.end());
@@ -152,7 +182,7 @@ CIndicator::Taken CIndicator::ChangeCard(int slot, std::int32_t code) {
         NeedDocument("ChangeCard");
         if (code == card::kReserved) return Taken{};
         std::vector<Change> changes{{"HARDWARE", std::nullopt, Hardware().HardwareWith(slot, code)}};
-        FollowFieldbusCards(changes);
+        FollowFieldbusCards(changes, Section::Check::Strict);
         return TakeChanges(changes, Section::Check::Strict);
     });
 }

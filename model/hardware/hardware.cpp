@@ -38,8 +38,12 @@ CHardware::CHardware(const ModelContext& context)
       portLists_(context),
       analogLists_(context),
       digitalLists_(context),
-      slots_(kSlotTable, context) {
-    MakeRoom();
+      slots_(kSlotTable, context) {}
+
+void CHardware::Need(const char* operation) const {
+    if (initialised_) return;
+    throw Error(code::kNotInitialised, std::string("Calyx.CHardware.") + operation,
+                Context().texts.Text(code::kNotInitialised));
 }
 
 std::vector<Item*> CHardware::Items() {
@@ -69,11 +73,13 @@ void CHardware::Initialize() {
     digital_.clear();
     memory_.clear();
     slots_.Initialize();
+    initialised_ = true;
     MakeRoom();
 }
 
 // The slots first: they say which objects there are to read.
 void CHardware::RestoreState(Dictionary& lines, ReadReport& report) {
+    Need("RestoreState");
     if (const auto* entry = lines.Peek(kHardware)) {
         kSlotTable.rows[0].take(slots_.fields, entry->value);
         MakeRoom();
@@ -96,7 +102,7 @@ void CHardware::MakeRoom() {
     for (int port = 1; port <= kBoardPorts; ++port) make(ports_, port);
     make(digital_, kMainBoard);
     for (int slot = 1; slot <= card::kSlots; ++slot) {
-        const std::int32_t code = CardType(slot);
+        const std::int32_t code = CodeIn(slot);
         if (code == card::kDualSerial) {
             make(ports_, card::FirstPort(slot));
             make(ports_, card::FirstPort(slot) + 1);
@@ -127,7 +133,7 @@ void CHardware::Prepare(std::vector<Change>& changes, Check check, const ValueOf
         // What is going to be refused changes no card.
         if (taken == Taken::Not || (taken != Taken::Whole && check == Check::Strict)) continue;
         for (int slot = 1; slot <= card::kSlots; ++slot) {
-            if (wanted.codes[Place(slot)] != CardType(slot)) SetCard(slot, wanted.codes[Place(slot)]);
+            if (wanted.codes[Place(slot)] != CodeIn(slot)) SetCard(slot, wanted.codes[Place(slot)]);
         }
     }
     for (const int slot : MemoryCards()) memory_.at(slot).Prepare(changes, check);
@@ -139,9 +145,13 @@ bool CHardware::IsDirty() const {
            std::any_of(cards.begin(), cards.end(), [&](int slot) { return memory_.at(slot).IsDirty(); });
 }
 
+std::int32_t CHardware::CodeIn(int slot) const {
+    return slots_.fields.codes[Place(slot)];
+}
+
 std::int32_t CHardware::CardType(int slot) const {
     NeedSlot(slot, "CardType");
-    return slots_.fields.codes[Place(slot)];
+    return CodeIn(slot);
 }
 
 void CHardware::AddNewCard(int slot, std::int32_t code) {
@@ -151,7 +161,7 @@ void CHardware::AddNewCard(int slot, std::int32_t code) {
 
 void CHardware::SetCard(int slot, std::int32_t code) {
     const int second = card::SecondChannel(slot);
-    const bool same = CardType(slot) == code;
+    const bool same = CodeIn(slot) == code;
     const bool hadFirst = HasAnalogOutput(slot) && !same, hadSecond = HasAnalogOutput(second) && !same;
     slots_.fields.codes[Place(slot)] = card::IsEmpty(code) ? card::kEmptySlot : code;
     MakeRoom();
@@ -182,6 +192,7 @@ std::string CHardware::HardwareWith(int slot, std::int32_t code) const {
 }
 
 void CHardware::UpdateFromIndicator(std::string_view reported) {
+    Need("UpdateFromIndicator");
     live_.reset();
     if (Trim(reported).empty()) return;
     SlotFields taken;
@@ -205,26 +216,27 @@ bool CHardware::DiffersFromLive(int slot) const {
 bool CHardware::HasPort(int port) const {
     if (port >= 1 && port <= kBoardPorts) return true;
     const int slot = SlotOfPort(port);
-    return slot >= 1 && slot <= card::kSlots && CardType(slot) == card::kDualSerial;
+    return slot >= 1 && slot <= card::kSlots && CodeIn(slot) == card::kDualSerial;
 }
 
 bool CHardware::HasAnalogOutput(int channel) const {
     if (channel < 1 || channel > card::SecondChannel(card::kSlots)) return false;
-    if (channel > card::kSlots) return CardType(channel - card::kSlots) == card::kDualAnalogOutput;
-    return CardType(channel) == card::kAnalogOutput || CardType(channel) == card::kDualAnalogOutput;
+    if (channel > card::kSlots) return CodeIn(channel - card::kSlots) == card::kDualAnalogOutput;
+    return CodeIn(channel) == card::kAnalogOutput || CodeIn(channel) == card::kDualAnalogOutput;
 }
 
 bool CHardware::HasDigitalIO(int number) const {
     if (number < 1 || number > card::kSlots) return number == kMainBoard;
-    return CardType(number) == card::kDigitalIO;
+    return CodeIn(number) == card::kDigitalIO;
 }
 
 bool CHardware::HasMemoryCard(int slot) const {
-    return slot >= 1 && slot <= card::kSlots && CardType(slot) == card::kMemory;
+    return slot >= 1 && slot <= card::kSlots && CodeIn(slot) == card::kMemory;
 }
 
 template <class Map>
-auto& CHardware::Need(Map& objects, int number, bool exists, const char* operation) const {
+auto& CHardware::NeedObject(Map& objects, int number, bool exists, const char* operation) const {
+    Need(operation);
     const auto found = objects.find(number);
     if (exists && found != objects.end()) return found->second;
     constexpr int kInstalled = 4591;
@@ -234,35 +246,36 @@ auto& CHardware::Need(Map& objects, int number, bool exists, const char* operati
 }
 
 void CHardware::NeedSlot(int slot, const char* operation) const {
+    Need(operation);
     if (slot >= 1 && slot <= card::kSlots) return;
     throw Error(code::kOutOfRange, std::string("Calyx.CHardware.") + operation,
                 Context().texts.Format(code::kOutOfRange, {std::to_string(slot), "1 to 14"}));
 }
 
 const CCommPort& CHardware::CommPort(int port) const {
-    return Need(ports_, port, HasPort(port), "CommPort");
+    return NeedObject(ports_, port, HasPort(port), "CommPort");
 }
 CCommPort& CHardware::CommPort(int port) {
-    return Need(ports_, port, HasPort(port), "CommPort");
+    return NeedObject(ports_, port, HasPort(port), "CommPort");
 }
 const CAnalogOut& CHardware::AnalogOutput(int channel) const {
-    return Need(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
+    return NeedObject(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
 }
 CAnalogOut& CHardware::AnalogOutput(int channel) {
-    return Need(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
+    return NeedObject(analog_, channel, HasAnalogOutput(channel), "AnalogOutput");
 }
 const CDigitalIO& CHardware::DigitalIO(int number) const {
-    return Need(digital_, number, HasDigitalIO(number), "DigitalIO");
+    return NeedObject(digital_, number, HasDigitalIO(number), "DigitalIO");
 }
 CDigitalIO& CHardware::DigitalIO(int number) {
-    return Need(digital_, number, HasDigitalIO(number), "DigitalIO");
+    return NeedObject(digital_, number, HasDigitalIO(number), "DigitalIO");
 }
 
 const CMemoryCard& CHardware::MemoryCard(int slot) const {
-    return Need(memory_, slot, HasMemoryCard(slot), "MemoryCard");
+    return NeedObject(memory_, slot, HasMemoryCard(slot), "MemoryCard");
 }
 CMemoryCard& CHardware::MemoryCard(int slot) {
-    return Need(memory_, slot, HasMemoryCard(slot), "MemoryCard");
+    return NeedObject(memory_, slot, HasMemoryCard(slot), "MemoryCard");
 }
 std::vector<int> CHardware::MemoryCards() const {
     return Numbers(memory_, [&](int slot) { return HasMemoryCard(slot); });
@@ -283,10 +296,12 @@ std::string CHardware::InputOf(int port) const {
 }
 
 int CHardware::MaxCommPorts() const {
+    Need("MaxCommPorts");
     return CommPorts().back();
 }
 
 bool CHardware::ExpansionBoardPresent() const {
+    Need("ExpansionBoardPresent");
     return std::any_of(slots_.fields.codes.begin(), slots_.fields.codes.end(),
                        [](std::int32_t code) { return !card::IsEmpty(code); });
 }
@@ -294,7 +309,7 @@ bool CHardware::ExpansionBoardPresent() const {
 std::vector<int> CHardware::SlotsWith(std::int32_t code) const {
     std::vector<int> slots;
     for (int slot = 1; slot <= card::kSlots; ++slot) {
-        if (CardType(slot) == code) slots.push_back(slot);
+        if (CodeIn(slot) == code) slots.push_back(slot);
     }
     return slots;
 }

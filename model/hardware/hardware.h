@@ -22,7 +22,8 @@ namespace calyx {
 // serial ports, analog outputs, digital points, a memory card. Ports 1 to 4 and the digital points of
 // number 0 belong to the main board and always exist.
 //
-// Operations on cards raise 10002 for a slot outside 1 to 14 or an object that is not there.
+// Everything before Initialize raises 10006. Operations on cards raise 10002 for a slot outside 1 to 14 or an
+// object that is not there.
 class CHardware : public Section {
   public:
     explicit CHardware(const ModelContext& context);
@@ -104,16 +105,19 @@ class CHardware : public Section {
     void AddBrokenRules(CBrokenRules& rules) const override;
 
   private:
+    void Need(const char* operation) const;
+    std::int32_t CodeIn(int slot) const;  // of a slot that is one
     void SetCard(int slot, std::int32_t code);
     void MakeRoom();  // makes the objects that the slots call for and that are not there
     template <class Map>
-    auto& Need(Map& objects, int number, bool exists, const char* operation) const;
+    auto& NeedObject(Map& objects, int number, bool exists, const char* operation) const;
     void NeedSlot(int slot, const char* operation) const;
 
     CCommPortLists portLists_;
     CAnalogLists analogLists_;
     CDigitalIOLists digitalLists_;
     RowItem<SlotFields> slots_;
+    bool initialised_ = false;
     // Objects whose card was taken out stay here until the next save: putting the card back, or undoing,
     // then knows what was saved.
     std::map<int, CCommPort> ports_;

@@ -37,6 +37,7 @@ void CHardware::AddBrokenRules(CBrokenRules& rules) const {
 }
 
 void CHardware::ValidateCommPorts(CBrokenRules& rules) const {
+    Need("ValidateCommPorts");
     const ResourceTexts& texts = Context().texts;
     for (const int number : CommPorts()) {
         const CCommPort& port = CommPort(number);
@@ -65,6 +66,7 @@ void CHardware::ValidateCommPorts(CBrokenRules& rules) const {
 }
 
 void CHardware::ValidateAnalog(CBrokenRules& rules) const {
+    Need("ValidateAnalog");
     for (const int number : AnalogOutputs()) {
         const AnalogFields& fields = AnalogOutput(number).Values();
         const auto add = [&](const char* stem, int text) {
@@ -79,6 +81,7 @@ void CHardware::ValidateAnalog(CBrokenRules& rules) const {
 }
 
 void CHardware::ValidateDigital(CBrokenRules& rules) const {
+    Need("ValidateDigital");
     for (const int number : DigitalIOs()) {
         const CDigitalIO& points = DigitalIO(number);
         for (int point = 1; point <= points.NumberOfPoints(); ++point) {

@@ -18,10 +18,12 @@ bool CHardware::Owns(std::string_view key) const {
 }
 
 void CHardware::AppendText(std::string& out, const Target& target) const {
+    Need("GetTextOutput");
     slots_.Append(out, target);
 }
 
 void CHardware::AppendState(std::string& out) const {
+    Need("StoreState");
     AppendLines(out, Target::Everything());
 }
 
@@ -54,6 +56,7 @@ void CHardware::AppendDatabase(std::string& out, const Target& target) const {
 }
 
 std::string CHardware::GetPrintOutput() const {
+    Need("GetPrintOutput");
     // The slots by the names of their cards, then what they bring. A stream is listed where it is in use.
     const ResourceTexts& texts = Context().texts;
     constexpr int kSlotLine = 4590;  // {1} slot, {2} card
@@ -81,6 +84,7 @@ std::string CHardware::GetPrintOutput() const {
 }
 
 std::string CHardware::GetIWriteImportDef() const {
+    Need("GetIWriteImportDef");
     std::string text = "-- Serial Port Aliases\r\n";
     for (const int port : CommPorts()) text += CommPort(port).GetIWriteImportDef();
     text += "-- Analog Output Card Aliases\r\n";

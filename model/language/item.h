@@ -279,14 +279,15 @@ class RowItem final : public Item {
         }
     }
 
-    // Lines that were read and that saving will not write again.
+    // Lines that were read and that saving will not write again. What only the indicator keeps is no loss.
     void ReportUnwritten(std::vector<const Dictionary::Entry*> found, ReadReport& report) const {
         for (const Line<F>& line : table_->layout(fields)) {
             if (found[line.row] != nullptr && (line.when == nullptr || line.when(fields)))
                 found[line.row] = nullptr;
         }
-        for (const Dictionary::Entry* entry : found) {
-            if (entry != nullptr) detail::ReportUnwritten(report, *entry);
+        for (std::size_t row = 0; row < found.size(); ++row) {
+            const bool lost = found[row] != nullptr && Info(row).more.use != Use::ReadOnly;
+            if (lost) detail::ReportUnwritten(report, *found[row]);
         }
     }
 

@@ -17,7 +17,8 @@ struct ReadNote {
         NotUnderstood,  // no number, date or switch; the default stays
         PartlyRead,     // only the start of the value is a number
         Cut,            // longer than its field
-        NotWritten,     // read, but no line of the document as it stands: saving leaves it out
+        NotWritten,     // read, but no line of the document as it stands: saving leaves it out. What only
+                        // the indicator keeps, statistics, is not told
     };
     Kind kind;
     std::string section;  // empty where no section is concerned
@@ -25,6 +26,8 @@ struct ReadNote {
     std::string value;
     std::string became;      // what the document holds now, where that differs
     std::uint32_t line = 0;  // 1-based line of the file; 0: not from a file
+    // In words, why it became that and what to do, where the kind does not say it.
+    std::string reason{};
 };
 
 class ReadReport {

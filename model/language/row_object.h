@@ -23,17 +23,17 @@ class RowObject {
         : context_(&context), table_(&table), name_(name) {}
 
     bool IsInitialised() const { return item_.has_value(); }
-    int Number() const { return Parameters().Number(); }
-    const F& Values() const { return Parameters().fields; }
+    int Number() const { return Reach(*this, "Number").Number(); }
+    const F& Values() const { return Reach(*this, "Values").fields; }
 
-    RowItem<F>& Parameters() { return Need(*this); }
-    const RowItem<F>& Parameters() const { return Need(*this); }
+    RowItem<F>& Parameters() { return Reach(*this, "Parameters"); }
+    const RowItem<F>& Parameters() const { return Reach(*this, "Parameters"); }
 
-    bool IsDirty() const { return Parameters().IsDirty(); }
+    bool IsDirty() const { return Reach(*this, "IsDirty").IsDirty(); }
     // Whether the lines that it writes keep their lists, ranges and rules; what concerns other objects is for
     // the section to check.
     bool IsValid() const {
-        const RowItem<F>& item = Parameters();
+        const RowItem<F>& item = Reach(*this, "IsValid");
         const std::vector<bool> written = item.WrittenRows();
         for (std::size_t row = 0; row < item.RowCount(); ++row) {
             if (!written[row]) continue;
@@ -48,11 +48,17 @@ class RowObject {
     }
     // With `allParameters` every line, otherwise gated by the application's target version.
     std::string GetTextOutput(bool allParameters) const {
+        Need("GetTextOutput");
         return Lines(allParameters ? Target::Everything() : context_->target.Gated());
     }
     std::string TextView() const { return GetTextOutput(true); }
-    std::string StoreState() const { return Lines(Target::Everything(), std::nullopt); }
-    void RestoreState(Dictionary& lines, ReadReport& report) { Parameters().Restore(lines, report); }
+    std::string StoreState() const {
+        Need("StoreState");
+        return Lines(Target::Everything(), std::nullopt);
+    }
+    void RestoreState(Dictionary& lines, ReadReport& report) {
+        Reach(*this, "RestoreState").Restore(lines, report);
+    }
 
   protected:
     void Begin(int number, std::string suffix) {
@@ -64,7 +70,11 @@ class RowObject {
         item_.emplace(like.Parameters(), number, std::move(suffix));
         item_->Initialize();
     }
-    F& Fields() { return Parameters().fields; }
+    F& Fields(std::string_view operation = "Parameters") { return Reach(*this, operation).fields; }
+    // 10006 in the operation's name.
+    void Need(std::string_view operation) const {
+        if (!item_) Fail(code::kNotInitialised, operation);
+    }
     const ModelContext& Context() const { return *context_; }
     std::string Lines(const Target& target, std::optional<LinePart> part = LinePart::Parameters) const {
         std::string text;
@@ -80,8 +90,8 @@ class RowObject {
 
   private:
     template <class Self>
-    static auto& Need(Self& self) {
-        if (!self.item_) self.Fail(code::kNotInitialised, "Parameters");
+    static auto& Reach(Self& self, std::string_view operation) {
+        self.Need(operation);
         return *self.item_;
     }
 

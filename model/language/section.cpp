@@ -125,7 +125,7 @@ class Merge {
             }
         }
         if (check == Section::Check::Lenient) item_.Settle();
-        if (check != Section::Check::Strict) return;
+        if (check == Section::Check::None) return;
         for (const auto& [row, key, value] : wanted_) {
             // A value that stands changes nothing when it is taken once more.
             const auto again = item_.Clone();
@@ -323,7 +323,7 @@ std::vector<Refusal> Section::Take(std::vector<Change> changes, Check check, con
     }
     for (std::size_t i = 0; i < changes.size(); ++i) {
         // A line that goes, of an item that has gone, is no fault.
-        if (found[i] || check != Check::Strict || !changes[i].after || !Owns(changes[i].key)) continue;
+        if (found[i] || check == Check::None || !changes[i].after || !Owns(changes[i].key)) continue;
         refused.push_back({changes[i].key, changes[i].after.value_or(""),
                            context_->texts.Format(kNoSuchItem, {changes[i].key})});
     }

@@ -38,13 +38,13 @@ class CCommPort : public RowObject<PortFields> {
     const CTextList& BaudRates() const { return lists_.BaudRates(PortNumber()); }
     const CTextList& HandshakingTypes() const { return lists_.Handshakes(PortNumber()); }
     const CTextList& InputTypes() const { return lists_.InputTypes(PortNumber()); }
-    const CTextList& BitsTypes() const { return lists_.BitsTypes(); }
-    const CTextList& StopBitsTypes() const { return lists_.StopBitsTypes(); }
-    const CTextList& TerminatorTypes() const { return lists_.TerminatorTypes(); }
-    const CTextList& StreamTypes() const { return lists_.StreamTypes(); }
-    const CTextList& StreamFormats() const { return lists_.StreamFormats(); }
-    const CTextList& PortTypes() const { return lists_.PortTypes(); }
-    const CTextList& DuplexTypes() const { return lists_.DuplexTypes(); }
+    const CTextList& BitsTypes() const { return Lists("BitsTypes").BitsTypes(); }
+    const CTextList& StopBitsTypes() const { return Lists("StopBitsTypes").StopBitsTypes(); }
+    const CTextList& TerminatorTypes() const { return Lists("TerminatorTypes").TerminatorTypes(); }
+    const CTextList& StreamTypes() const { return Lists("StreamTypes").StreamTypes(); }
+    const CTextList& StreamFormats() const { return Lists("StreamFormats").StreamFormats(); }
+    const CTextList& PortTypes() const { return Lists("PortTypes").PortTypes(); }
+    const CTextList& DuplexTypes() const { return Lists("DuplexTypes").DuplexTypes(); }
 
     // The keys of these parameters for this port: "EDP.BITS#3".
     std::string BitsCommand() const { return KeyOf("BITS"); }
@@ -59,8 +59,8 @@ class CCommPort : public RowObject<PortFields> {
 
     void RestoreState(Dictionary& lines, ReadReport& report);  // with its stream
     bool IsDirty() const { return RowObject::IsDirty() || stream_.IsDirty(); }
-    // The lines for the target version, and the stream's behind them where it is in use and they were taken.
-    // `inputFirst`: the input type goes before all others. False: stopped by the callback.
+    // The lines for the target version, and the stream's behind them where it is in use and all of them were
+    // accepted. `inputFirst`: the input type goes before all others. False: stopped by the callback.
     bool SendToIndicator(ILineSender& sender, IDownload& download, bool inputFirst = false) const;
     // What a download sends: the gated lines, and the stream's where the port uses its definition.
     void AppendSent(std::string& out, const Target& target) const;
@@ -69,6 +69,10 @@ class CCommPort : public RowObject<PortFields> {
 
   private:
     void CheckNumber(int portNumber) const;
+    const CCommPortLists& Lists(std::string_view operation) const {
+        Need(operation);
+        return lists_;
+    }
     std::string KeyOf(std::string_view stem) const;
 
     CCommPortLists lists_;

@@ -10,6 +10,8 @@ namespace calyx {
 
 namespace {
 
+constexpr int kOfAnother = 42102;  // {1} name
+
 bool Contains(const std::vector<std::string>& names, const std::string& name) {
     return std::find(names.begin(), names.end(), name) != names.end();
 }
@@ -49,7 +51,13 @@ void CCustomParms::DropOwned(const std::function<bool(std::string_view key)>& ow
         const std::string& name = pairs_.Name(place);
         if (name.empty() || !ownedByOthers(name)) continue;
         if (const auto* entry = lines.Peek(CustomPairs::PlaceKey(place)))
-            detail::Report(report, *entry, Taken::Not, false, {});
+            report.Add({ReadNote::Kind::NotUnderstood,
+                        report.Section(),
+                        std::string(entry->key),
+                        std::string(entry->value),
+                        {},
+                        entry->line,
+                        Context().texts.Format(kOfAnother, {name})});
         pairs_.Clear(place);
     }
     pairs_.MarkSaved();

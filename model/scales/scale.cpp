@@ -50,10 +50,6 @@ void CScale::InitializeLike(const CScale& other, int scaleNumber) {
     BeginLike(other, scaleNumber, Suffix(scaleNumber));
 }
 
-void CScale::Need(std::string_view operation) const {
-    if (!IsInitialised()) Fail(code::kNotInitialised, operation);
-}
-
 std::int32_t CScale::ScaleType() const {
     Need("ScaleType");
     return Values().kind;
@@ -137,11 +133,6 @@ void CScale::SetCommand(std::string_view stem, std::string_view text) {
     item.fields = changed.fields;
 }
 
-std::string CScale::GetTextOutput(bool allParameters) const {
-    Need("GetTextOutput");
-    return RowObject::GetTextOutput(allParameters);
-}
-
 std::string CScale::GetCalibrationValues(bool allParameters) const {
     Need("GetCalibrationValues");
     return Lines(allParameters ? Target::Everything() : Context().target.Gated(), LinePart::Calibration);
@@ -222,11 +213,25 @@ void CScale::PassOver(Dictionary& lines, ReadReport& report) {
         const Dictionary::Entry* entry = lines.Find(item.Key(row));
         if (entry == nullptr) continue;
         if (row != kSourceRow) {
-            detail::ReportUnwritten(report, *entry);
+            if (item.Info(row).more.use != Use::ReadOnly) detail::ReportUnwritten(report, *entry);
         } else if (Trim(entry->value) != "NONE") {
-            detail::Report(report, *entry, Taken::Not, false, "NONE");
+            report.Add({ReadNote::Kind::NotUnderstood, report.Section(), std::string(entry->key),
+                        std::string(entry->value), "NONE", entry->line,
+                        WhyNotConfigured(entry->value, lines)});
         }
     }
+}
+
+// Of a source that could be one on a serial port; of others the value itself is the fault.
+std::string CScale::WhyNotConfigured(std::string_view source, const Dictionary& lines) const {
+    constexpr int kNoInput = 42002, kOtherInput = 42003, kNoPort = 42004;  // {1} port, {2} input type
+    const auto entries = Split(Trim(source), ',');
+    if (entries[0] != "S" || entries.size() > static_cast<std::size_t>(kMostSources) + 1) return {};
+    const auto port = entries.size() > 1 ? ReadInteger(entries[1]) : std::nullopt;
+    const ResourceTexts& texts = Context().texts;
+    if (!port) return texts.Text(kNoPort);
+    const std::string input = InputsIn(lines)(port->value);
+    return texts.Format(input.empty() ? kNoInput : kOtherInput, {std::to_string(port->value), input});
 }
 
 }  // namespace calyx

@@ -52,8 +52,7 @@ class CScale : public RowObject<ScaleFields> {
         return lines.FindParameter(name, absent);
     }
 
-    // With `allParameters` every line, otherwise gated.
-    std::string GetTextOutput(bool allParameters) const;  // the parameter lines
+    // The calibration lines; GetTextOutput has the others.
     std::string GetCalibrationValues(bool allParameters) const;
     std::string GetPrintOutput() const;      // empty for a scale that is not configured
     std::string GetIWriteImportDef() const;  // empty without an alias
@@ -71,9 +70,9 @@ class CScale : public RowObject<ScaleFields> {
 
   private:
     void CheckNumber(int scaleNumber) const;
-    void Need(std::string_view operation) const;  // 10006 in the operation's name
     std::size_t RowOf(std::string_view stem, std::string_view operation) const;
     void PassOver(Dictionary& lines, ReadReport& report);
+    std::string WhyNotConfigured(std::string_view source, const Dictionary& lines) const;
     void AppendPrinted(std::string& out, std::size_t row) const;
 };
 

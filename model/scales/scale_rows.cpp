@@ -15,8 +15,7 @@ constexpr int kSource = 3101, kCapacity = 3102, kZeroAndMotion = 3103, kFilterin
               kSecondary = 3106, kTertiary = 3107, kMultiRange = 3108, kRate = 3109, kInput = 3110,
               kCalibrated = 3111, kStatistics = 3112, kBehaviour = 3113;
 // What is wrong with a value: {1} label, {2} value.
-constexpr int kBadAlias = 3408, kNoNumber = 3409;
-constexpr double kMostShown = 9999999;  // seven digits
+constexpr int kBadAlias = 3408, kNoNumber = 3409, kNegative = 42001;
 
 int CheckAlias(std::string_view value) {
     return !value.empty() && !modValidate::ValidateAlias(value) ? kBadAlias : 0;
@@ -24,6 +23,12 @@ int CheckAlias(std::string_view value) {
 int CheckNumber(std::string_view value) {
     const auto number = ReadDecimal(value);
     return number && number->whole ? 0 : kNoNumber;
+}
+
+// How large a value may be, the indicator alone knows.
+int CheckSign(std::string_view value) {
+    const auto number = ReadDecimal(value);
+    return number && number->value < 0 ? kNegative : 0;
 }
 
 void WriteKind(std::string& out, const F& fields, const Target&) {
@@ -69,15 +74,15 @@ consteval Row<F> Calibrated(std::string_view stem, int label, int help) {
 constexpr Row<F> kRows[] = {
     ownRow<F>("KIND", "1", ValueKind::Integer, "a number from 1 to 8", WriteKind, TakeKind, {.list = "SCL.KINDS", .label = 3001, .group = kSource, .help = 3201, .use = Use::State}),
     ownRow<F>("SRC", "NONE", ValueKind::Text, "NONE, or a letter and the sources, for example A,1,2 or S,3 or S,3.1", WriteSource, TakeSource, {.label = 3002, .group = kSource, .help = 3202}),
-    row<&F::grads, kInteger>("GRADS", "10000", {.label = 3003, .group = kCapacity, .help = 3203, .min = 1, .max = kMostShown}),
+    row<&F::grads, kInteger>("GRADS", "10000", {.label = 3003, .group = kCapacity, .help = 3203, .rule = CheckSign}),
     row<&F::rattleTrap, kExactlyOn>("RATLTRAP", "OFF", {.label = 3004, .group = kFiltering, .help = 3204}),
     Word<&F::powerUpMode>("PWRUPMD", "GO", {.list = "SCL.POWER", .label = 3005, .group = kBehaviour, .help = 3205}),
     row<&F::accumulator, kExactlyOn>("ACCUM", "OFF", {.label = 3006, .group = kBehaviour, .help = 3206}),
     row<&F::visible, kExactlyOn>("VISIBLE", "ON", {.label = 3007, .group = kBehaviour, .help = 3207}),
-    row<&F::zeroTrackBand, kBand<float>>("ZTRKBND", "0D", {.list = "SCL.ZTRKBND", .offered = true, .label = 3008, .group = kZeroAndMotion, .help = 3208, .min = 0, .max = 1000}),
-    row<&F::zeroRange, kSingleWith<'%'>>("ZRANGE", "1.9%", {.list = "SCL.ZRANGE", .offered = true, .label = 3009, .group = kZeroAndMotion, .help = 3209, .min = 0, .max = 100}),
-    row<&F::motionBand, kBand<std::int16_t>>("MOTBAND", "1D", {.list = "SCL.MOTBAND", .offered = true, .label = 3010, .group = kZeroAndMotion, .help = 3210, .min = 0, .max = 1000}),
-    row<&F::standstillTime, kInteger>("SSTIME", "10", {.label = 3011, .group = kZeroAndMotion, .help = 3211, .min = 0, .max = 65535}),
+    row<&F::zeroTrackBand, kBand<float>>("ZTRKBND", "0D", {.list = "SCL.ZTRKBND", .offered = true, .label = 3008, .group = kZeroAndMotion, .help = 3208, .rule = CheckSign}),
+    row<&F::zeroRange, kSingleWith<'%'>>("ZRANGE", "1.9%", {.list = "SCL.ZRANGE", .offered = true, .label = 3009, .group = kZeroAndMotion, .help = 3209, .rule = CheckSign}),
+    row<&F::motionBand, kBand<std::int16_t>>("MOTBAND", "1D", {.list = "SCL.MOTBAND", .offered = true, .label = 3010, .group = kZeroAndMotion, .help = 3210, .rule = CheckSign}),
+    row<&F::standstillTime, kInteger>("SSTIME", "10", {.label = 3011, .group = kZeroAndMotion, .help = 3211, .rule = CheckSign}),
     Word<&F::overload>("OVRLOAD", "FS+2%", {.list = "SCL.OVRLOAD", .label = 3012, .group = kCapacity, .help = 3212}),
     Word<&F::digitalFilter, 0>("DIGFLTR1", "4", {.list = "SCL.DIGFLT", .label = 3013, .group = kFiltering, .help = 3213}),
     Word<&F::digitalFilter, 1>("DIGFLTR2", "4", {.list = "SCL.DIGFLT", .label = 3014, .group = kFiltering, .help = 3213}),
@@ -97,18 +102,18 @@ constexpr Row<F> kRows[] = {
     Word<&F::secDisplayDivision>("SEC.DSPDIV", "2D", {.list = "SCL.DSPDIV", .label = 3027, .group = kSecondary, .help = 3223}),
     Word<&F::secUnits>("SEC.UNITS", "KG", {.list = "SCL.UNITS", .label = 3028, .group = kSecondary, .help = 3228}),
     row<&F::secCustomUnits, kFixed8>("SEC.CUNITS", "", {.label = 3029, .group = kSecondary, .help = 3225}),
-    row<&F::secMultiplier, kMultiplier>("SEC.MULT", ".453592", {.label = 3030, .group = kSecondary, .help = 3230, .min = 0.0000001, .max = kMostShown}),
+    row<&F::secMultiplier, kMultiplier>("SEC.MULT", ".453592", {.label = 3030, .group = kSecondary, .help = 3230, .rule = CheckSign}),
     Word<&F::terDecimalPoint>("TER.DECPNT", "888888.8", {.list = "SCL.DECPNT", .label = 3031, .group = kTertiary, .help = 3222}),
     Word<&F::terDisplayDivision>("TER.DSPDIV", "5D", {.list = "SCL.DSPDIV", .label = 3032, .group = kTertiary, .help = 3223}),
     Word<&F::terUnits>("TER.UNITS", "KG", {.list = "SCL.UNITS", .label = 3033, .group = kTertiary, .help = 3228}),
     row<&F::terCustomUnits, kFixed8>("TER.CUNITS", "", {.label = 3034, .group = kTertiary, .help = 3225}),
-    row<&F::terMultiplier, kMultiplier>("TER.MULT", ".453592", {.label = 3035, .group = kTertiary, .help = 3235, .min = 0.0000001, .max = kMostShown}),
+    row<&F::terMultiplier, kMultiplier>("TER.MULT", ".453592", {.label = 3035, .group = kTertiary, .help = 3235, .rule = CheckSign}),
     Word<&F::rocDecimalPoint>("ROC.DECPNT", "8888888", {.list = "SCL.DECPNT", .label = 3036, .group = kRate, .help = 3236}),
     Word<&F::rocDisplayDivision>("ROC.DSPDIV", "1D", {.list = "SCL.DSPDIV", .label = 3037, .group = kRate, .help = 3237}),
     Word<&F::rocUnits>("ROC.UNITS", "SEC", {.list = "SCL.ROC.UNITS", .label = 3038, .group = kRate, .help = 3238}),
-    row<&F::rocMultiplier, kMultiplier>("ROC.MULT", "1.", {.label = 3039, .group = kRate, .help = 3239, .min = 0.0000001, .max = kMostShown}),
-    row<&F::rocInterval, kInteger>("ROC.INTERVL", "10", {.label = 3040, .group = kRate, .help = 3240, .min = 1, .max = 65535}),
-    row<&F::rocRefresh, kSingle>("ROC.REFRESH", "0.1", {.label = 3041, .group = kRate, .help = 3241, .min = 0, .max = 65535}),
+    row<&F::rocMultiplier, kMultiplier>("ROC.MULT", "1.", {.label = 3039, .group = kRate, .help = 3239, .rule = CheckSign}),
+    row<&F::rocInterval, kInteger>("ROC.INTERVL", "10", {.label = 3040, .group = kRate, .help = 3240, .rule = CheckSign}),
+    row<&F::rocRefresh, kSingle>("ROC.REFRESH", "0.1", {.label = 3041, .group = kRate, .help = 3241, .rule = CheckSign}),
 
     Calibrated<&F::testWeight>("WVAL", 3042, 3242),
     Calibrated<&F::zeroCount>("LC.CD", 3043, 3243),
@@ -125,7 +130,7 @@ constexpr Row<F> kRows[] = {
     Calibrated<&F::linearWeight, 3>("WLIN.V4", 3054, 3251),
     Calibrated<&F::linearWeight, 4>("WLIN.V5", 3055, 3251),
 
-    row<&F::weighmentThreshold, kInteger>("WMTTHRH", "100", {.label = 3056, .group = kStatistics, .help = 3256, .min = 0, .max = kMostShown}),
+    row<&F::weighmentThreshold, kInteger>("WMTTHRH", "100", {.label = 3056, .group = kStatistics, .help = 3256, .rule = CheckSign}),
     row<&F::numberOfWeighments, kInteger>("NUMWEIGH", "0", {.label = 3057, .group = kStatistics, .help = 3257, .use = Use::ReadOnly}),
     row<&F::maxWeight, kSingle>("MAX_WEIGHT", "0", {.label = 3058, .group = kStatistics, .help = 3258, .use = Use::ReadOnly}),
     row<&F::maxWeightDate, kIndicatorDate>("MAX_DATE", "", {.label = 3059, .group = kStatistics, .help = 3259, .use = Use::ReadOnly}),
@@ -140,9 +145,9 @@ constexpr Row<F> kRows[] = {
     Word<&F::thermocoupleUnits, 0>("TPRI.UNITS", "F", {.list = "SC.TEMP.UNITS", .label = 3067, .group = kPrimary, .help = 3267}),
     Word<&F::thermocoupleUnits, 1>("TSEC.UNITS", "C", {.list = "SC.TEMP.UNITS", .label = 3068, .group = kSecondary, .help = 3267}),
     Word<&F::thermocoupleUnits, 2>("TTER.UNITS", "K", {.list = "SC.TEMP.UNITS", .label = 3069, .group = kTertiary, .help = 3267}),
-    row<&F::range, kSingle, 0>("RANGE1.MAX", "100", {.label = 3070, .group = kMultiRange, .help = 3270, .min = 0, .max = kMostShown}),
-    row<&F::range, kSingle, 1>("RANGE2.MAX", "100", {.label = 3071, .group = kMultiRange, .help = 3270, .min = 0, .max = kMostShown}),
-    row<&F::range, kSingle, 2>("RANGE3.MAX", "100", {.label = 3072, .group = kMultiRange, .help = 3270, .min = 0, .max = kMostShown}),
+    row<&F::range, kSingle, 0>("RANGE1.MAX", "100", {.label = 3070, .group = kMultiRange, .help = 3270, .rule = CheckSign}),
+    row<&F::range, kSingle, 1>("RANGE2.MAX", "100", {.label = 3071, .group = kMultiRange, .help = 3270, .rule = CheckSign}),
+    row<&F::range, kSingle, 2>("RANGE3.MAX", "100", {.label = 3072, .group = kMultiRange, .help = 3270, .rule = CheckSign}),
     Word<&F::split>("SPLIT", "OFF", {.list = "SC.SPLIT", .label = 3073, .group = kMultiRange, .help = 3273}),
 };
 // clang-format on

@@ -184,7 +184,9 @@ std::string CScales::Validate(const PortInput& inputOf) const {
     std::string text;
     for (const BrokenRule& rule : rules) {
         if (!text.empty()) text += '|';
-        text.append(rule.text).append(" ( #").append(std::to_string(rule.item)).append(")");
+        std::string words = rule.text;  // may quote a value with a bar of its own
+        std::replace(words.begin(), words.end(), '|', '/');
+        text.append(words).append(" ( #").append(std::to_string(rule.item)).append(")");
     }
     return text;
 }

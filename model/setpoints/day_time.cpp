@@ -38,15 +38,14 @@ std::optional<std::int32_t> ReadParts(std::string_view text) {
 }  // namespace
 
 std::optional<DayTime> ReadDayTime(std::string_view text, DayTimeForm form) {
+    constexpr std::size_t kToMinutes = 4, kToSeconds = 6;
     text = Trim(text);
-    const bool toMinutes = form == DayTimeForm::HourMinute;
     std::optional<std::int32_t> number;
     if (text.find(':') != std::string_view::npos) {
         number = ReadParts(text);
-        if (toMinutes && number && *number % 100 != 0) return std::nullopt;
     } else {
-        number = ReadDigits(text, toMinutes ? 4 : 6);
-        if (toMinutes && number) *number *= 100;
+        number = ReadDigits(text, kToSeconds);
+        if (number && form == DayTimeForm::HourMinute && text.size() <= kToMinutes) *number *= 100;
     }
     if (!number) return std::nullopt;
     const std::int32_t hour = *number / 10000, minute = *number / 100 % 100, second = *number % 100;

@@ -19,8 +19,8 @@ enum class DayTimeForm : std::uint8_t {
 };
 
 // Digits of that form, of which leading zeros may be missing: "930". Or with ":" between hours, minutes and
-// seconds, of which the last may be missing: "9:30", "18:30:00". Nothing for a text that is no such time, nor
-// for seconds where the form has none.
+// seconds, of which the last may be missing: "9:30", "18:30:00". Where the form has no seconds they are read
+// as well, of five digits and more. Nothing for a text that is no such time.
 std::optional<DayTime> ReadDayTime(std::string_view text, DayTimeForm form);
 // `between` stands between the parts: "" as in a line, ":" as shown to people. "HHMM" has no room for
 // seconds: they are left out.

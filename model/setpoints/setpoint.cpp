@@ -49,10 +49,6 @@ void CSetpoint::InitializeLike(const CSetpoint& other, int setpointNumber) {
     BeginLike(other, setpointNumber, "#" + std::to_string(setpointNumber));
 }
 
-void CSetpoint::Need(std::string_view operation) const {
-    if (!IsInitialised()) Fail(code::kNotInitialised, operation);
-}
-
 int CSetpoint::Kind() const {
     Need("Kind");
     return static_cast<int>(Values().kind);
@@ -75,11 +71,6 @@ void CSetpoint::SetAlias(std::string_view alias) {
     if (alias.size() > 8) Fail(code::kTextTooLong, "Alias");
     if (!alias.empty() && !modValidate::ValidateAlias(alias)) Fail(code::kAliasRefused, "Alias");
     fields.alias.Assign(alias);
-}
-
-std::string CSetpoint::GetTextOutput(bool allParameters) const {
-    Need("GetTextOutput");
-    return RowObject::GetTextOutput(allParameters);
 }
 
 std::string CSetpoint::GetPrintOutput() const {

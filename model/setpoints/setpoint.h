@@ -32,8 +32,6 @@ class CSetpoint : public RowObject<SetpointFields> {
     static std::string FindParameter(Dictionary& lines, std::string_view name, std::string_view absent) {
         return lines.FindParameter(name, absent);
     }
-    // With `allParameters` every line, otherwise gated.
-    std::string GetTextOutput(bool allParameters) const;
     // Number, kind and alias, then a line a parameter that the setpoint writes.
     std::string GetPrintOutput() const;
     // One constant of the Scrivo language; nothing without an alias.
@@ -42,9 +40,6 @@ class CSetpoint : public RowObject<SetpointFields> {
     bool SendToIndicator(ILineSender& sender, IDownload& download) const;
 
     CSetpoint Clone() const { return *this; }
-
-  private:
-    void Need(std::string_view operation) const;  // 10006 in the operation's name
 };
 
 }  // namespace calyx

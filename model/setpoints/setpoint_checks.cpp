@@ -8,6 +8,7 @@
 #include <utility>
 
 #include "model/setpoints/setpoint_batch.h"
+#include "model/setpoints/setpoint_codecs.h"
 
 namespace calyx {
 
@@ -33,6 +34,7 @@ constexpr int kInputBeyond = 40101;     // {2} where, {3} its points, {4} input
 constexpr int kNoInputChosen = 40102;
 constexpr int kNoSlotChosen = 40103;
 constexpr int kInputIsOutput = 40105;           // {2} point, {3} where
+constexpr int kNoSetpoint = 42000;              // {2} number
 constexpr int kMainBoard = 3880, kSlot = 3881;  // {1} slot
 constexpr int kMostInputs = 31;                 // that a mask can hold
 
@@ -89,8 +91,8 @@ class Checks {
         if (!fresh) findings.Add("ALIAS", kAliasTwice, std::to_string(first->second), alias);
     }
 
-    // The setpoint of a number that stands in a reference; nothing outside 1 to 100, which is the range's
-    // to tell.
+    // The setpoint of a number that stands in a reference. Nothing outside 1 to 100, which is the range's to
+    // tell, and none between two setpoints.
     const SetpointFields* Target(double number) const {
         if (number < 1 || number > kSetpoints || number != std::floor(number)) return nullptr;
         return &setpoints_.Item(static_cast<int>(number)).Values();
@@ -105,7 +107,13 @@ class Checks {
         for (const auto& [stem, number] : references) {
             if (!HasSetpointLine(fields, stem)) continue;
             const bool relative = stem == "RELNUM";
-            if (relative && number == 0) findings.Add(stem, kNoneChosen);
+            // Only a branch may lead nowhere.
+            if (number == 0 && stem != "BRANCH") findings.Add(stem, kNoneChosen);
+            if (number != std::floor(number)) {
+                std::string given;
+                AppendNumber(given, number);
+                findings.Add(stem, kNoSetpoint, given);
+            }
             const SetpointFields* target = Target(number);
             if (target == nullptr) continue;
             const std::string shown = std::to_string(static_cast<int>(number));

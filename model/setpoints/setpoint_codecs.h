@@ -78,7 +78,9 @@ inline constexpr Codec<DayTime> kDayTime{
         const auto read = ReadDayTime(text, Form);
         if (!read) return Taken::Not;
         time = *read;
-        return Taken::Whole;
+        const std::int32_t lost = Form == DayTimeForm::HourMinute ? time.seconds % 60 : 0;
+        time.seconds -= lost;
+        return lost == 0 ? Taken::Whole : Taken::Part;
     },
     Expected};
 

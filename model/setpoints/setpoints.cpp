@@ -144,13 +144,13 @@ void CSetpoints::Prepare(std::vector<Change>& changes, Check check, const ValueO
         const std::string word = changes[i].after.value_or("OFF");
         if (!IsKindCommand(word)) continue;
         item.fields.kind = static_cast<SetpointKind>(FindKindByCommand(word));
-        if (check != Check::Strict) continue;
         const auto bring = [&](std::string_view stem, std::string value) {
             std::string key = SetpointKey(stem, number);
             if (!ChangesKey(changes, key))
                 changes.push_back({std::move(key), std::nullopt, std::move(value)});
         };
         if (item.fields.IsOff() && !item.fields.alias.Trimmed().empty()) bring("ALIAS", "");
+        if (check != Check::Strict) continue;
         // A trip that is named with it and is no band is refused then.
         if (item.fields.kind == SetpointKind::PulseRate && !item.fields.TripsInBand())
             item.fields.trip.Assign("INBAND");

@@ -53,7 +53,8 @@ const WidgetKindInfo* KindOfRecord(std::string_view record) {
 Taken TakeRecord(const WidgetKindInfo& kind, RowItem<WidgetFields>& item, std::string_view record) {
     const auto fields = FieldsOf(kind, record);
     if (!fields) return Taken::Not;
-    bool whole = true, cut = false;
+    const auto number = ReadDecimal(record.substr(0, record.find(',')));
+    bool whole = number && number->whole && number->value == static_cast<int>(kind.kind), cut = false;
     for (std::size_t i = 0; i < fields->size(); ++i) {
         std::string_view text = (*fields)[i];
         std::string moved;

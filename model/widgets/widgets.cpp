@@ -13,6 +13,15 @@ namespace {
 
 constexpr int kSameName = 5584;  // {1} name, {2} and {3} widgets
 
+// Why a record of a file is left out.
+std::string WhyNot(std::string_view record, const ResourceTexts& texts) {
+    constexpr int kNoKind = 42100, kFieldCount = 42101;  // {1} kind, {2} fields wanted, {3} fields there
+    const WidgetKindInfo* kind = KindOfRecord(record);
+    if (kind == nullptr) return texts.Text(kNoKind);
+    return texts.Format(kFieldCount, {texts.Text(kind->name), std::to_string(kind->table->rows.size() + 1),
+                                      std::to_string(Split(record, ',').size())});
+}
+
 // Whether a record can be taken; one that is not keeps its place and is refused there.
 bool IsTakable(const WidgetPatterns& patterns, const std::string& record, Section::Check check) {
     if (record.find_first_of("\r\n") != std::string::npos) return false;
@@ -57,8 +66,18 @@ void CWidgets::RestoreState(Dictionary& lines, ReadReport& report) {
         lines.MarkAsked(*entry);
         WidgetLine place(patterns_, static_cast<int>(places_.size()) + 1);
         const Taken taken = place.Take(0, entry->value);
+        if (taken == Taken::Not) {
+            report.Add({ReadNote::Kind::NotUnderstood,
+                        report.Section(),
+                        std::string(entry->key),
+                        std::string(entry->value),
+                        {},
+                        entry->line,
+                        WhyNot(entry->value, Context().texts)});
+            continue;
+        }
         if (taken != Taken::Whole) detail::Report(report, *entry, taken, false, place.Text(0));
-        if (taken != Taken::Not) places_.push_back(std::move(place));
+        places_.push_back(std::move(place));
     }
     MarkSaved();
 }
@@ -102,7 +121,9 @@ std::string CWidgets::GetPrintOutput() const {
 
 std::string CWidgets::GetIWriteImportDef() const {
     std::string text = "-- Widget Aliases\r\n";
-    for (const int number : Numbers()) text += widget(number).GetIWriteImportDef();
+    CWidgets written = *this;  // with the numbers of its lines
+    written.CompactWidgetArray();
+    for (const int number : written.Numbers()) text += written.widget(number).GetIWriteImportDef();
     return text;
 }
 

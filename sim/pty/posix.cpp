@@ -5,13 +5,12 @@
 
 #include <array>
 #include <cerrno>
-#include <charconv>
 #include <chrono>
-#include <optional>
-#include <stdexcept>
 #include <system_error>
 
 #include "sim/pty_simulator.h"
+#include "sim/serial/settings.h"
+#include "sim/serial/speed.h"
 #include "sim/service.h"
 #include "sim/session.h"
 
@@ -20,40 +19,6 @@ namespace calyx::sim {
 namespace {
 
 using Master = asio::posix::stream_descriptor;
-
-struct Rate {
-    int baud;
-    speed_t speed;
-};
-constexpr Rate kRates[] = {{300, B300},     {600, B600},      {1200, B1200},   {2400, B2400},
-                           {4800, B4800},   {9600, B9600},    {19200, B19200}, {38400, B38400},
-                           {57600, B57600}, {115200, B115200}};
-
-struct Expected {
-    int baud = 0;
-    speed_t speed = B0;
-    char parity = 'N';
-    int bits = 10;  // of a character, with start, parity and stop bits
-};
-
-// "9600,N,8,1"
-Expected ReadSettings(const std::string& text) {
-    Expected expected;
-    const char* const end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, expected.baud);
-    const std::string framing(error == std::errc() ? rest : end, end);
-    for (const Rate& rate : kRates) {
-        if (rate.baud == expected.baud) expected.speed = rate.speed;
-    }
-    const bool fits = framing.size() == 6 && framing[0] == ',' && framing[2] == ',' && framing[4] == ',' &&
-                      std::string_view("NEO").find(framing[1]) != std::string_view::npos &&
-                      (framing[3] == '7' || framing[3] == '8') && (framing[5] == '1' || framing[5] == '2');
-    if (expected.speed == B0 || !fits)
-        throw std::invalid_argument("the settings \"" + text + "\" are not like 9600,N,8,1");
-    expected.parity = framing[1];
-    expected.bits = 1 + (framing[3] - '0') + (expected.parity == 'N' ? 0 : 1) + (framing[5] - '0');
-    return expected;
-}
 
 [[noreturn]] void Fail(const char* what) {
     throw std::system_error(errno, std::system_category(), what);
@@ -92,7 +57,7 @@ class PtySimulator::Line : public Service {
   public:
     Line(SimulatorOptions options, const SerialOptions& serial, Report report)
         : Service(std::move(options), std::move(report)),
-          expected_(ReadSettings(serial.settings)),
+          expected_(ReadSerialSettings(serial.settings)),
           session_(
               Indicator(), [this] { SaveSoon(); }, [this] { Save(); }, Effects(serial.paced)) {
         session_.Start(Master(Io(), ends_.master));
@@ -114,7 +79,7 @@ class PtySimulator::Line : public Service {
         };
         if (paced) {
             effects.pace = [this](std::size_t bytes) {
-                return std::chrono::nanoseconds(1'000'000'000LL * expected_.bits *
+                return std::chrono::nanoseconds(1'000'000'000LL * expected_.Bits() *
                                                 static_cast<long long>(bytes) / expected_.baud);
             };
         }
@@ -127,10 +92,10 @@ class PtySimulator::Line : public Service {
         if (tcgetattr(ends_.host, &line) != 0) return false;
         const bool checked = (line.c_iflag & INPCK) != 0;
         const char parity = !checked ? 'N' : (line.c_cflag & PARODD) != 0 ? 'O' : 'E';
-        return cfgetispeed(&line) == expected_.speed && parity == expected_.parity;
+        return cfgetispeed(&line) == SpeedOf(expected_.baud) && parity == expected_.parity;
     }
 
-    Expected expected_;
+    SerialSettings expected_;
     Ends ends_;
     Session<Master> session_;
 };

@@ -35,6 +35,7 @@ TEST_F(LinkStore, ReadsEveryFieldFromItsSetting) {
               (std::vector{107, 108, 109, 110}));
     EXPECT_EQ(link.searchText, "111");
     EXPECT_TRUE(link.logging);
+    EXPECT_FALSE(link.storedFirst);  // only on request
 }
 
 TEST_F(LinkStore, KeepsWhatAConnectFoundAndNothingElse) {
@@ -67,7 +68,7 @@ TEST_F(LinkStore, KeepsWhatAPersonChose) {
     link_.Keep({.method = comm_method::kDetect, .port = "COM7", .address = 9, .storedFirst = true});
     CAppSettings later(store_, texts_, "3.10.0", folder_.Text(), nullptr);
     later.Load();
-    EXPECT_TRUE(later.AutoDetectIndicatorSettings);
+    EXPECT_FALSE(later.AutoDetectIndicatorSettings);
     const LinkSettings link = LinkSettingsStore(later, texts_, nullptr).Load();
     EXPECT_EQ((std::vector{link.method, link.address}), (std::vector{comm_method::kDetect, 9}));
     EXPECT_EQ(link.port, "COM7");

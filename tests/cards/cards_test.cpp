@@ -53,6 +53,9 @@ TEST_F(Cards, AnalogOutputWritesItsDefaultsGatesAndCalibration) {
 
 TEST_F(Cards, DigitalPointsAreReadWrittenAndNamed) {
     CDigitalIO board(context), card(context);
+    EXPECT_EQ(CodeOf([&] { board.NumberOfPoints(); }), code::kNotInitialised);
+    EXPECT_EQ(CodeOf([&] { board.SetAlias(9, "x"); }), code::kNotInitialised);
+    EXPECT_EQ(CodeOf([&] { board.GetIWriteImportDef(); }), code::kNotInitialised);
     EXPECT_EQ(CodeOf([&] { board.Initialize(15); }), code::kOutOfRange);
     board.Initialize(0);
     card.Initialize(4);
@@ -93,7 +96,8 @@ TEST_F(Cards, FieldbusCardHasTwoFormsOfByteSwap) {
     for (const Row& row :
          {Row{"3.06.", "NONE", ""}, Row{"3.07.", "NONE", "NO"}, Row{"3.08.", "WORD", "YES"},
           Row{"3.09.", "NONE", "NONE"}, Row{"3.10.", "WORD", "WORD"}, Row{"2.00.", "WORD", "YES", true},
-          Row{"3.09.", "WORD", "WORD", true}, Row{"3.11.", "NONE", ""}, Row{"3.11.", "NONE", "NO", true}}) {
+          Row{"3.09.", "WORD", "WORD", true}, Row{"3.11.", "NONE", ""}, Row{"3.11.", "NONE", "NONE", true},
+          Row{"3.08.", "NONE", "NO", true}}) {
         Dictionary file(std::string("FB.BYTESWAP#1=") + row.value);
         card.RestoreState(file, report);
         const std::string expected =
@@ -123,6 +127,10 @@ TEST_F(Cards, FieldbusCardsComeAndGoWithTheirLines) {
     EXPECT_EQ(cards.GetPrintOutput(),
               "Fieldbus Cards\r\nFieldbus Card #3\r\n  Size: 64 bytes\r\n  Byte Swap: None\r\n");
 
+    // Any whole number is a size.
+    EXPECT_TRUE(cards.Take({{"FB.SIZE#3", std::nullopt, "2048"}}, Section::Check::Strict).empty());
+    EXPECT_EQ(cards.BrokenRules().Count(), 0u);
+    EXPECT_TRUE(cards.Take({{"FB.SIZE#3", std::nullopt, "64"}}, Section::Check::Strict).empty());
     const auto before = cards.State();
     EXPECT_TRUE(cards.Take(cards.Adding(7), Section::Check::Strict).empty());
     const auto removing = cards.Removing(3);

@@ -52,6 +52,8 @@ TEST_F(SafeCommands, CalibrateStepByStep) {
         {"calibrate LINK --scale 2 --span", 2, "", "--weight"},
         {"calibrate LINK --scale 2 --zero --weight x", 2, "", "no weight above 0"},
         {"calibrate LINK --scale 2 --linear 6=5", 2, "", "K=W"},
+        {"calibrate LINK --scale 9 --zero --into ~a.mrn", 2, "", "of a kind that has no calibration"},
+        {"calibrate LINK --restore --forget", 2, "", "stands alone"},
     });
     const Json now = Json::parse(RunLinked("calibrate LINK --scale 2 --read --json").out);
     EXPECT_EQ(Run("get ~a.mrn SC.LC.CW#2").out, std::string(now.at(2).at("after")) + "\n");
@@ -74,9 +76,38 @@ TEST_F(SafeCommands, AFailedCalibrationPutsBackWhatWasThere) {
     EXPECT_EQ(RunLinked("calibrate LINK --scale 1 --zero --span --weight 500").code, 3);
     EXPECT_FALSE(Holds("SC.WVAL#1=10"));
     simulator->ClearFaults();
+    const std::string journal = Read("user/calibration.journal");
     ExpectLinked({{"calibrate LINK --scale 1 --zero", 2, "", "--restore puts its old values back"},
-                  {"calibrate LINK --restore", 0, "", "The old calibration is back"}});
+                  {"calibrate LINK --scale 1 --read", 0, "SC.WVAL#1: 500\n", ""},
+                  {"connect LINK", 0, "", "\"calibrate --restore\" puts the old values back"},
+                  {"calibrate LINK --restore", 0, "", "The old calibration is back"},
+                  {"connect LINK", 0, "setup mode", ""}});
     EXPECT_TRUE(Holds("SC.WVAL#1=10"));
+
+    // At the end of another way there may be another indicator.
+    Put("user/calibration.journal", journal);
+    simulator.reset();
+    Start();
+    ExpectLinked({{"calibrate LINK --restore", 2, "", "--force when it is the same indicator"}});
+    EXPECT_FALSE(Holds("SC.WVAL#1=10"));
+    ExpectLinked({{"calibrate LINK --restore --force", 0, "", "is back"}});
+    EXPECT_TRUE(Holds("SC.WVAL#1=10"));
+    Put("user/calibration.journal", journal);
+    Expect({{"calibrate --forget", 0, "", ""}, {"calibrate --forget", 0, "", "nothing to put back"}});
+}
+
+// On a terminal each step waits for the scale; who goes away meanwhile gets the old values back.
+TEST_F(SafeCommands, StepsWaitForTheScale) {
+    Start();
+    terminal = true;
+    input = "\n\n";
+    ExpectLinked({{"calibrate LINK --scale 1 --zero --span --weight 500", 0, "SC.WVAL#1: 0 -> 500\n",
+                   "Put 500 on the scale, wait until it is still, then press Enter: "}});
+    input = "\n";
+    ExpectLinked({{"calibrate LINK --scale 1 --zero --span --weight 900", 130, "", "Empty the scale"}});
+    EXPECT_TRUE(Holds("SC.WVAL#1=500"));
+    input.clear();
+    EXPECT_FALSE(Contains(RunLinked("calibrate LINK --scale 1 --zero").err, "press Enter"));
 }
 
 TEST_F(SafeCommands, ChangedSendsWhatDiffersAndResumeGoesOn) {
@@ -109,6 +140,56 @@ TEST_F(SafeCommands, ChangedSendsWhatDiffersAndResumeGoesOn) {
     EXPECT_EQ(Json::parse(forgotten.out).at("notReadBack"), 1);
 }
 
+TEST_F(SafeCommands, APlainDownloadGoesOnTooWhereItWasBrokenOff) {
+    Start({"drop:30"});
+    ExpectLinked({{"download LINK ~a.mrn", 3, "", "\"resume\" goes on with the "}});
+    simulator->ClearFaults();
+    ExpectLinked({{"connect LINK", 0, "", "was broken off, "},
+                  {"resume LINK --restore", 2, "", "was not kept"},
+                  {"resume LINK", 0, "Every line that was sent was read back", "lines are left"},
+                  {"compare LINK ~a.mrn", 0, "", "no differences"}});
+    const std::string all = simulator->Snapshot().dump;
+
+    // With a backup it can be taken back as well; by the same way only.
+    ASSERT_EQ(RunLinked("send LINK --line UID=OLD").code, 0);
+    simulator->AddFault("drop:200");
+    ExpectLinked({{"download LINK ~a.mrn --backup ~b.mrn", 3, "", "\"resume --restore\" puts back"}});
+    EXPECT_FALSE(Holds("UID=OLD"));
+    Start({}, simulator->Snapshot().dump);
+    ExpectLinked({{"resume LINK --restore", 2, "", "--force when it is the same"},
+                  {"resume LINK --restore --force", 0, "", ""},
+                  {"resume LINK", 0, "", "nothing to resume"}});
+    EXPECT_TRUE(Holds("UID=OLD"));
+
+    // Only one is kept.
+    simulator->AddFault("drop:30");
+    EXPECT_EQ(RunLinked("download LINK ~a.mrn").code, 3);
+    simulator->ClearFaults();
+    ExpectLinked({{"download LINK ~a.mrn", 0, "Errors: 0", "is given up for this one"},
+                  {"resume LINK", 0, "", "nothing to resume"}});
+}
+
+TEST_F(SafeCommands, TheTerminalSendsLinesAndMacros) {
+    Start();
+    input =
+        "VERSION\r\n\nUID=7\nUID\n/macro 3 "
+        "UID\\nDSPRATE\n/f3\n\x1bOR\n/macros\n/f4\n/nothing\n//x\n/quit\nUID=8\n";
+    const Ran ran = RunLinked("terminal LINK");
+    EXPECT_EQ(ran.code, 1);  // "/x" was refused
+    const std::string pressed = "UID\nUID=7\nDSPRATE\nDSPRATE=200\n";
+    EXPECT_EQ(ran.out, "V3.10.02 MERRIN\nOK\nUID=7\n" + pressed + pressed + "F3  UID: UID\\x0ADSPRATE\n??\n");
+    for (const auto* said : {"V3.10.02 MERRIN at TCP/IP:", "F4 has no macro", "/nothing is nothing that"})
+        EXPECT_TRUE(Contains(ran.err, said)) << ran.err;
+    EXPECT_TRUE(Holds("UID=7"));
+    // The macros are kept; one without Enter begins the next line.
+    Put("user/macros.ini", "F1.Caption=Set\r\nF1.Text=UID=\r\nF1.Enter=False\r\n");
+    input = "/f1\n12\nUID\n";
+    EXPECT_EQ(RunLinked("terminal LINK").out, "OK\nUID=12\n");
+    simulator->AddFault("drop:2");
+    input = "UID=1\nUID=2\nUID=3\n";
+    EXPECT_EQ(RunLinked("terminal LINK").code, 3);
+}
+
 TEST_F(SafeCommands, SerialLines) {
     if (!std::filesystem::exists("/dev/ptmx")) GTEST_SKIP() << "no pseudo-terminals here";
     const sim::PtySimulator bus({.address = 7}, {.settings = "57600,N,8,1"});
@@ -118,7 +199,8 @@ TEST_F(SafeCommands, SerialLines) {
             {"connect " + link + "--settings 57600,N,8,1 --address 8", 3, "", "error 12801"},
             {"connect " + link + "--settings 57600,8,N,1", 2, "", "not like 9600,N,8,1"}});
     const sim::PtySimulator plain({}, {.settings = "9600,E,7,1"});
-    Expect({{"connect --auto --serial " + plain.Path(), 0, plain.Path() + ":9600,E,7,1\n", ""}});
+    Expect({{"connect --auto --serial " + plain.Path(), 0, plain.Path() + ":9600,E,7,1\n", ""},
+            {"connect --auto --address 7 --serial " + plain.Path(), 2, "", "without a bus address"}});
 
     watchInterrupt = [](std::atomic<bool>* flag) {
         if (flag != nullptr) *flag = true;
@@ -128,6 +210,8 @@ TEST_F(SafeCommands, SerialLines) {
 
 TEST_F(SafeCommands, SimulateSaysWhatCannotBe) {
     Expect({{"simulate --tcp 0 --pty", 2, "", "not both"},
+            {"simulate --serial COM9 --pty", 2, "", "not both"},
+            {"simulate --serial ~no/such/port", 3, "", "The simulated indicator cannot run: "},
             {"simulate --settings 9600,N,8,1", 2, "", "--pty"},
             {"simulate --pty --settings 9600,8,N,1", 2, "", "9600,N,8,1"},
             {"simulate --fault silent@0", 2, "", "from 1 to"}});

@@ -167,6 +167,25 @@ TEST_F(Files, CheckReportsWhatReadingChangedAndBrokenRules) {
             {"check ~comment.mrn", 0, "", ""}});
 }
 
+TEST_F(Files, LinesThatAreLeftOutAreToldAndCounted) {
+    Put("odd.mrn",
+        "CUSTOM#1=BEEP\nBEEP=3\nCUSTOM#2=UID\nCUSTOM#3=lamp\nWDGT#1=1,0\nWDGT#7=1,0,1,1\nWDGT#0=1,0,1,1\n"
+        "SJ.CONFIG#3=8/8/0/0\nGFMT.PORT=P12\nDB.NAME.1#1=T\n");
+    const Ran ran = Run("check ~odd.mrn --skip-checks");
+    for (const auto* line :
+         {"CUSTOM#2: \"UID\" is not understood. Left out: UID is a parameter",
+          "WDGT#1: \"1,0\" is not understood. Left out: the record of this kind (Scale) has 4 fields",
+          "CUSTOM#3: \"lamp\" is not understood, not kept", "WDGT#0 is no known parameter",
+          "SJ.CONFIG#3 is of no item that is there", "GFMT.PORT: \"P12\" is not understood; became \"PORT3\"",
+          "DB.NAME.1#1 is of no item that is there"})
+        EXPECT_TRUE(Contains(ran.out, line)) << line << '\n' << ran.out;
+    Expect({{"set ~odd.mrn --skip-checks UID=2 --output ~a.mrn", 0, "", "6 lines of "},
+            {"get ~a.mrn BEEP WDGT#1", 0, "BEEP=3\nWDGT#1=1,0,1,1\n", ""},
+            {"check ~a.mrn", 1, "0 lines passed over", ""},  // there is no scale 1
+            {"set ~a.mrn --from ~odd.mrn", 1, "", "WDGT#1=1,0: "},
+            {"keys WDGT*", 0, "WDGT#n", ""}});
+}
+
 TEST_F(Files, SamplesAreWholeButHandWritten) {
     for (const auto* sample : {"@batching-plant", "@checkweigher-line", "@silo", "@truck-scale"}) {
         Expect({{std::string("check ") + sample, 3, "",

@@ -86,9 +86,13 @@ TEST_F(Calibration, FaultsOfEachStep) {
         int last;
     };
     const Case cases[] = {
-        {"notsetup", false, false, true, 1294},          {"refuse:SC.LC.CW#2", false, false, true, 18545},
-        {"refuse:SC.WZERO#2", true, false, true, 40320}, {"refuse:SC.WVAL#2@16+", true, false, false, 18545},
-        {"forget:SC.LC.CD#2", true, true, false, 40321}, {"drop:1@16", true, false, true, 40320},
+        {"notsetup", false, false, true, 1294},
+        {"refuse:SC.LC.CW#2", false, false, true, 18545},
+        {"silent", false, false, true, 18544},
+        {"refuse:SC.WZERO#2", true, false, true, 40320},
+        {"refuse:SC.WVAL#2@16+", true, false, false, 18545},
+        {"forget:SC.LC.CD#2", true, true, false, 40321},
+        {"drop:1@16", true, false, true, 40320},
         {"silent@16+", true, false, false, 18544},
     };
     for (const Case& c : cases) {
@@ -110,12 +114,33 @@ TEST_F(Calibration, FaultsOfEachStep) {
     }
 }
 
+TEST_F(Calibration, ReadingAloneLeavesNothingBehind) {
+    ASSERT_TRUE(calibration.GetCurrentCalibration(2));
+    EXPECT_EQ(calibration.Old().spanCount, "90000");
+    EXPECT_FALSE(HasJournal());
+    EXPECT_FALSE(calibration.Zero("500"));  // not begun
+    EXPECT_EQ(test.simulator.DumpText(), before);
+}
+
+TEST_F(Calibration, WhatIsBrokenOffHasNotFailed) {
+    ASSERT_TRUE(calibration.Begin(2));
+    test.simulator.AddFault("silent:1");
+    test.events.pollsLeft = 3;
+    EXPECT_FALSE(calibration.Span());
+    EXPECT_EQ(statuses.back(), 18530);
+    test.simulator.ClearFaults();
+    EXPECT_TRUE(calibration.Cancel());
+    ExpectOld();
+}
+
 TEST_F(Calibration, ACrashIsMendedAtTheNextStart) {
     ASSERT_TRUE(calibration.Begin(2));
     calibration.Zero("500");
     calibration.Span();
 
     CCalibration next(*test.link, test.context, *this, kJournal);
+    EXPECT_FALSE(next.Begin(1)) << "would write over the old values";
+    EXPECT_EQ(statuses.back(), 42202);
     const auto pending = next.Pending();
     ASSERT_TRUE(pending);
     EXPECT_EQ(pending->scale, 2);

@@ -179,9 +179,12 @@ TEST(Connect, EveryConnectionStartsAFreshLog) {
         test.Connect();
         test.Connect();
         EXPECT_TRUE(test.link->SendData("UID=1", 100));
+        test.wire.device = nullptr;  // silence stands in the log as well
+        EXPECT_EQ(test.link->GetData("UID"), "");
         EXPECT_EQ(test.link->LogTrouble(), "");
     }
-    EXPECT_EQ(ReadFile(path), "OUT:VERSION\r\nIN:V3.10.02 MERRIN\r\nOUT:UID=1\r\nIN:OK\r\n");
+    EXPECT_EQ(ReadFile(path),
+              "OUT:VERSION\r\nIN:V3.10.02 MERRIN\r\nOUT:UID=1\r\nIN:OK\r\nOUT:UID\r\nIN:\r\n");
     std::filesystem::remove(path);
 
     ScriptedLink nowhere(comm_method::kTcp, path + "/no/such/folder");

@@ -138,6 +138,47 @@ TEST_F(DownloadTest, RefusedLinesAreCountedAndDoNotStopIt) {
     EXPECT_TRUE(WasSent("SJ.DOWNLOAD#3"));
 }
 
+TEST_F(DownloadTest, AStreamIsHeldBackWhereALineOfItsPortFailed) {
+    document.LoadText("EDP.INPUT#1=SCALE\r\nEDP.INPUT#2=IND SC\r\nSC.SRC#2=A,1\r\n", "test");
+    options.mask = chkBase;
+    const std::vector<DownloadStep> steps = PlanDownload(document, options, target);
+    struct Quiet : IDownloadEvents {
+        std::string fates;
+        void Done(LineFate fate) override { fates += static_cast<char>(fate); }
+    } quiet;
+    CDownload plain(*test.link, test.cancel, quiet);
+    for (const auto& [refused, port] :
+         {std::pair{"EDP.BAUD#2=115200", "2"}, {"STR.POS#1=SPACE", ""}, {"SC.GRADS#2=10000", ""}}) {
+        SCOPED_TRACE(refused);
+        test.wire.lines.clear();
+        quiet.fates.clear();
+        failing = {refused};
+        const DownloadReport report = plain.RunSteps(steps, options, test.context.texts);
+        EXPECT_EQ(report.end, End::Complete);
+        EXPECT_TRUE(WasSent("STR.OK#1= ") && WasSent("EDP.ALIAS#3=Com3"));
+        EXPECT_EQ(WasSent("STR.POS#2=SPACE"), *port == '\0');
+        EXPECT_EQ(WasSent("EDP.SFMT#2=<002><P><W7.><U><M><S><CR><LF>"), *port == '\0');
+        const auto held = std::count(report.fates.begin(), report.fates.end(), LineFate::HeldBack);
+        EXPECT_EQ(held, *port == '\0' ? 0 : 14);
+        EXPECT_EQ(report.accepted + held + 1, report.total);
+        EXPECT_EQ(quiet.fates.size(), report.fates.size());
+        ASSERT_EQ(report.failed.size(), *port == '\0' ? 1u : 2u);
+        EXPECT_EQ(report.failed[0].line, refused);
+        if (*port == '\0') continue;
+        EXPECT_EQ(report.failed[1].reason, test.context.texts.Format(42010, {port}));
+
+        // A run that is taken up again behind the refused line knows of it.
+        const auto place = std::find(report.fates.begin(), report.fates.end(), LineFate::Refused);
+        test.wire.lines.clear();
+        failing.clear();
+        const DownloadReport rest =
+            plain.RunSteps(steps, options, test.context.texts, {report.fates.begin(), place + 1});
+        EXPECT_EQ(rest.fates, report.fates);
+        EXPECT_FALSE(WasSent("STR.POS#2=SPACE"));
+        EXPECT_EQ(rest.failed.size(), 1u);
+    }
+}
+
 TEST_F(DownloadTest, WhatEndsTheRun) {
     struct Case {
         const char* name;

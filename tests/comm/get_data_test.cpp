@@ -37,6 +37,32 @@ TEST(GetData, EndsWhenAWholeWaitBroughtNothing) {
     }
 }
 
+TEST(GetData, AnAnswerOfOneLineNeedsNoSilenceBehindIt) {
+    struct Case {
+        const char *command, *reply;
+        bool atOnce;
+    };
+    const Case cases[] = {
+        {"WDGT.CLR", "OK\r\n", true},
+        {"NOSUCH", "??\r\n", true},
+        {"UID", "UID=7\r\n", true},
+        {"uid\r", "uid\r\nUID=7\r\n", true},
+        {"UID", "UID", false},
+        {"UI", "UID=7\r\n", false},
+        {"DUMPALL", "UID=OK\r\n", false},
+        {"VERSION", "V3.10.02 MERRIN\r\n", false},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(std::string(c.command) + ": " + c.reply);
+        ScriptedLink test;
+        test.Connect();
+        test.wire.device = Always(c.reply);
+        const auto start = test.wire.clock.now;
+        EXPECT_TRUE(test.link->GetAnswer(c.command));
+        EXPECT_EQ(test.wire.clock.now - start < 100, c.atOnce);
+    }
+}
+
 TEST(GetData, ReceivingIsToldOnEverySecondPoll) {
     ScriptedLink test;
     test.Connect();

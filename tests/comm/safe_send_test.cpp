@@ -98,6 +98,7 @@ TEST_F(SafeSend, OnlyWhatDiffersGoesAndIsReadBack) {
     const SafeSendReport back = sending->Restore();
     EXPECT_TRUE(back.Success());
     EXPECT_EQ(test.simulator.DumpText(), before);
+    EXPECT_TRUE(back.InWords(test.context.texts).starts_with(test.context.texts.Text(41698)));
 }
 
 TEST_F(SafeSend, EveryLineThatDoesNotGoHasAReason) {
@@ -195,6 +196,7 @@ TEST_F(SafeSend, ALostLinkPausesAndIsResumedAfterARestart) {
             test.simulator.ClearFaults();
             test.Connect();
             const SafeSendReport rest = sending->Resume();
+            EXPECT_EQ(rest.counts.unchanged, plan.Count(Fate::Same));
             EXPECT_TRUE(rest.Success()) << rest.InWords(test.context.texts);
             EXPECT_EQ(rest.counts.sent, 5u);
             EXPECT_FALSE(sending->Pending());
@@ -205,18 +207,61 @@ TEST_F(SafeSend, ALostLinkPausesAndIsResumedAfterARestart) {
     }
 }
 
+// Ctrl+C ends the program, not what it was to do; Abort is a person's choice between two buttons.
+TEST_F(SafeSend, AProgramThatIsEndedCanGoOn) {
+    for (const bool program : {true, false}) {
+        Hold({"UID=OTHER", "SC.GRADS#1=4000"});
+        const SendPlan plan = Preview();
+        const Wire::Device indicator = test.wire.device;
+        test.wire.device = [&](Wire& wire, const std::string& line) {
+            if (line == "UID=GATE") program ? void(test.cancel = true) : sending->Abort();
+            indicator(wire, line);
+        };
+        const SafeSendReport report = Send(plan);
+        test.wire.device = indicator;
+        EXPECT_EQ(report.download.end, End::Aborted);
+        EXPECT_EQ(sending->Pending().has_value(), program);
+        if (!program) break;
+        test.cancel = false;
+        EXPECT_TRUE(sending->RestorePending().Success());
+        EXPECT_TRUE(test.Holds("UID=OTHER"));
+        EXPECT_TRUE(test.Holds("SC.GRADS#1=4000"));
+    }
+}
+
+TEST_F(SafeSend, WhatWasNotKeptCannotComeBack) {
+    folder.Put("send.journal",
+               "Calyx send journal 1\nwhere=x\nbackup=\n[0 1 1 ]Step\n>UID=1\n>UID=2\nfates\nA");
+    Hold({});
+    const Error error = Raised([&] { sending->RestorePending(); });
+    EXPECT_EQ(error.Description(), test.context.texts.Text(42201));
+    EXPECT_TRUE(sending->Pending());
+}
+
+// Asked for one by one, blanks at the ends of a value and "??" are part of it.
+TEST_F(SafeSend, ValuesAreReadBackAsTheyStand) {
+    document.Import({{"CONTACT.NAME1", "  A  "}, {"CONTACT.NAME2", "??"}});
+    Hold({"CONTACT.NAME1=A", "CONTACT.NAME2=?"});
+    const SafeSendReport report = Send(Preview());
+    EXPECT_EQ(report.counts.sent, 2u);
+    EXPECT_TRUE(report.Success());
+    EXPECT_TRUE(Send(Preview()).InWords(test.context.texts).starts_with("There was nothing to send."));
+}
+
 TEST_F(SafeSend, AJournalThatIsNoneIsNotOffered) {
     const std::string whole = "Calyx send journal 1\nwhere=x\n[0 1 1 ]Step\n>UID=1\n>UID=2\nfates\nA";
     struct Case {
         std::string text;
         std::size_t left;  // 0: not offered
     };
-    const Case cases[] = {{whole, 1},
-                          {whole.substr(0, whole.size() - 2), 2},
-                          {whole.substr(0, whole.find("fates")), 0},  // cut off while it was begun
-                          {whole + "AA", 0},                          // more fates than lines
-                          {"Something else", 0},
-                          {"", 0}};
+    const Case cases[] = {
+        {whole, 1},
+        {whole.substr(0, whole.size() - 2), 2},
+        {whole.substr(0, whole.find("fates")), 0},  // cut off while it was begun
+        {whole + "AA", 0},                          // more fates than lines
+        {"Calyx send journal 1\n[3 0 1 ]Ports\n>EDP.BAUD#1=1\n>STR.POS#1=+\n>UID=2\nfates\nRH", 1},
+        {"Something else", 0},
+        {"", 0}};
     for (const Case& c : cases) {
         folder.Put("send.journal", c.text);
         const auto pending = sending->Pending();

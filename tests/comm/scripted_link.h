@@ -18,7 +18,7 @@ class ManualClock : public IClock {
   public:
     std::int64_t now = 1000;
     std::int64_t NowMs() override { return now; }
-    void Yield() override {}
+    void LetOthersRun() override {}
 };
 
 // The other end of the wire: `device` is handed every line that the link writes, without its CR, and

@@ -124,6 +124,23 @@ TEST(SendData, CancelEndsTheCallAtOnce) {
     EXPECT_TRUE(test.link->Connected());
 }
 
+// A window may close the wire from the event after an attempt.
+TEST(SendData, NoAttemptIsMadeOnAClosedWire) {
+    struct Closer : ILinkEvents {
+        CIndicatorComm* link = nullptr;
+        void ReceivedResponse() override { link->Disconnect(); }
+    } closer;
+    ScriptedLink test;
+    test.Connect();
+    test.wire.device = Silent;
+    closer.link = test.link.get();
+    const LinkObserver observer(*test.link, closer);
+    const SendReport report = test.link->Send("A=1", 100);
+    EXPECT_EQ(report.result, Lost);
+    EXPECT_EQ(report.attempts, 1);
+    EXPECT_EQ(test.events.Count("A=1"), 1u);
+}
+
 TEST(SendData, OneOperationAtATimeAndDisconnectEndsIt) {
     struct Meddler : ILinkEvents {
         CIndicatorComm* link = nullptr;

@@ -51,7 +51,10 @@ class MemoryCard : public testing::Test {
     }
     std::string Broken() {
         std::string keys;
-        for (const BrokenRule& rule : section.BrokenRules()) keys += rule.key + " ";
+        for (const BrokenRule& rule : section.BrokenRules()) {
+            keys += rule.key + " ";
+            EXPECT_EQ(rule.item, SchemaKey::Of(rule.key)->table) << rule.key;
+        }
         return keys;
     }
 };

@@ -162,7 +162,6 @@ TEST_F(File, ReadReportTellsWhatWasPassedOverOrReplaced) {
         {Kind::DuplicateKey, 4, "UID", "A"},
         {Kind::UnknownKey, 10, "FOO.BAR", ""},
         {Kind::NotWritten, 11, "LAT.LOC", ""},
-        {Kind::NotWritten, 12, "LASTCAL", ""},
         {Kind::UnknownKey, 13, "@FOO", ""},
     };
     ASSERT_EQ(report.Count(), std::size(expected));

@@ -85,6 +85,62 @@ TEST_F(Document, WhatAnIndicatorReportsIsTakenAsAFileIs) {
     EXPECT_EQ(*document.Value("STR.ZERO#1") + *document.Value("STR.ZERO#2"), "ZY");
 }
 
+TEST_F(Document, FieldbusCardsGoWithTheirSlotsHoweverTheLinesCome) {
+    const auto cards = [&] {
+        std::string numbers;
+        for (int slot = 1; slot <= 14; ++slot) {
+            if (document.FieldbusCards().Exists(slot)) numbers += std::to_string(slot) + " ";
+        }
+        return numbers;
+    };
+    const std::string begin =
+        "HARDWARE=0,8,0,0,0,0,0,0,0,0,0,0,0,0\r\nFB.SIZE#2=32\r\nFB.SIZE#7=64\r\n";  // 7 has no slot
+    const struct {
+        const char *lines, *cards;
+    } cases[] = {
+        {"HARDWARE=9,0,0,0,0,0,0,0,0,0,0,0,0,0\r\n", "1 7 "},
+        {"HARDWARE=9,13,0,0,0,0,0,0,0,0,0,0,0,x\r\n", "1 2 7 "},
+        {"HARDWARE=0,0,0,0,0,0,0,0,0,0,0,0,0,0\r\nHARDWARE=9,9,9,0,0,0,0,0,0,0,0,0,0,0\r\n", "7 "},
+        {"FB.BYTESWAP#3=BYTE\r\nHARDWARE=0,0,10,0,0,0,0,0,0,0,0,0,0,0\r\n", "3 7 "},
+        {"HARDWARE=9,9,9\r\n", "2 7 "},
+        {"UID=1\r\n", "2 7 "},
+    };
+    for (const auto& one : cases) {
+        document.LoadText(begin, "f");
+        const std::string before = document.Body();
+        const ChangeSet changes = document.UpdateFromIndicator(one.lines).changes;
+        EXPECT_EQ(cards(), one.cards) << one.lines;
+        document.Apply(changes.Inverse());
+        EXPECT_EQ(document.Body(), before) << one.lines;
+        document.Apply(changes);
+        EXPECT_EQ(cards(), one.cards) << one.lines;
+        document.LoadText(begin, "f");
+        document.Merge(ReadLines(one.lines));
+        EXPECT_EQ(cards(), one.cards) << one.lines;
+    }
+    document.LoadText(begin, "f");
+    EXPECT_EQ(document.UpdateFromIndicator("EDP.ALIAS#9=Gate\r\n").refused.size(), 1u);  // no such port
+}
+
+TEST_F(Document, AWholeFileMergedIntoANewDocumentIsThatFile) {
+    for (const char* name : {"batching-plant", "checkweigher-line", "silo", "truck-scale"}) {
+        CIndicator other(context);
+        other.LoadText(ReadFile(std::string(CALYX_DATA_DIR) + "/samples/" + name + ".mrn"), name);
+        document.Initialize();
+        const auto taken = document.Merge(other.Lines());
+        for (const Refusal& refusal : taken.refused) ADD_FAILURE() << refusal.key << " " << refusal.reason;
+        EXPECT_EQ(document.Body(), other.Body()) << name;
+    }
+    // A line that another one decides is told, as it is when it is set.
+    EXPECT_EQ(document.Merge({{"EDP.STREAM#2", "CONT"}}).refused.size(), 1u);
+    EXPECT_TRUE(document.Merge({{"EDP.STREAM#2", "CONT"}, {"EDP.SOURCE#2", "SCALE1"}}).refused.empty());
+    EXPECT_EQ(document.Value("EDP.STREAM#2"), "CONT");
+    // What kind a serial scale is, its port says.
+    document.Initialize();
+    document.Merge({{"SC.SRC#1", "S,2"}, {"EDP.INPUT#2", "IND SC"}});
+    EXPECT_EQ(document.Scales().Scale(1).ScaleType(), 8);
+}
+
 TEST_F(Document, AliasesAreUniqueAmongAllNamesOfTheImportFile) {
     const std::string cards = "HARDWARE=0,0,5,7,0,0,0,0,0,0,0,0,0,0\r\n";
     const struct {
@@ -167,6 +223,51 @@ TEST_F(Document, UndoRestoresWhatTheFileDoesNotHold) {
     edit({{"UID", "C"}}, "UID");
     history.Undo(document);
     EXPECT_EQ(document.Value("UID"), "A");
+}
+
+TEST_F(Document, ACustomParameterComesWithItsValueAndNeverWithAnothersName) {
+    EXPECT_TRUE(document.Import({{"CUSTOM#1", "BEEP"}, {"BEEP", "3"}}).refused.empty());
+    EXPECT_TRUE(document.Import({{"LAMP", "ON"}, {"CUSTOM#5", "LAMP"}}).refused.empty());
+    EXPECT_EQ(document.CustomParms().Pairs(), (std::vector<KeyValue>{{"BEEP", "3"}, {"LAMP", "ON"}}));
+    EXPECT_EQ(document.Import({{"CUSTOM#2", "TRUCK"}, {"TRUCK", "MODE1"}}).refused.size(), 1u);
+    EXPECT_EQ(document.Value("TRUCK"), "MODE1");
+    // All lines of a file at once, places and values apart.
+    CIndicator other(context);
+    other.Initialize();
+    EXPECT_TRUE(other.Import(document.Lines()).refused.empty());
+    EXPECT_EQ(other.Body(), document.Body());
+}
+
+TEST_F(Document, WhatPortsAndCardsBringComesBackWithThem) {
+    History history;
+    const std::string begin = document.Body();
+    const auto edit = [&](std::vector<KeyValue> lines) {
+        const auto taken = document.Import(lines);
+        EXPECT_TRUE(taken.refused.empty()) << lines[0].key;
+        history.Record("step", taken.changes, {});
+    };
+    edit({{"SJ.CONFIG#5", "8/8/0/0"},
+          {"EDP.INPUT#5", "VEXAL"},
+          {"DB.TYPE.1.2#3", "REAL"},
+          {"DB.FIELD.1.2#3", "Wgt"},
+          {"DB.NAME.2#3", "Log"},
+          {"HARDWARE", "1,0,7,0,0,0,0,0,0,0,0,0,0,0"}});
+    const std::string with = document.Body();
+    EXPECT_EQ(document.Value("SJ.CONFIG#5"), "8/8/0/0");
+    edit({{"HARDWARE", "0,0,0,0,0,0,0,0,0,0,0,0,0,0"}});
+    EXPECT_EQ(document.Body(), begin);
+    history.Undo(document);
+    EXPECT_EQ(document.Body(), with);
+    history.Undo(document);
+    EXPECT_EQ(document.Body(), begin);
+    EXPECT_FALSE(document.IsDirty());
+    history.Redo(document);
+    EXPECT_EQ(document.Body(), with);
+}
+
+TEST_F(Document, ARefusedRecordLosesNothing) {
+    EXPECT_EQ(document.Import({{"WDGT#3", "1,0,1"}}).refused.size(), 1u);
+    EXPECT_TRUE(document.NotKept({"WDGT#3"}).empty());
 }
 
 TEST_F(Document, CopiesAreIndependent) {

@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 #include "model/language/error.h"
 #include "tests/support/model_fixture.h"
 
@@ -23,6 +25,36 @@ class Hardware : public testing::Test {
 };
 
 using Numbers = std::vector<int>;
+
+TEST_F(Hardware, BeforeInitializeEveryOperationIsRefused) {
+    CHardware fresh(context);
+    CMemoryCard card(context);
+    Dictionary lines("HARDWARE=1,0,0,0,0,0,0,0,0,0,0,0,0,0");
+    const std::pair<const char*, std::function<void()>> operations[] = {
+        {"CHardware.AddNewCard", [&] { fresh.AddNewCard(1, 1); }},
+        {"CHardware.CardType", [&] { fresh.CardType(1); }},
+        {"CHardware.CommPort", [&] { fresh.CommPort(1); }},
+        {"CHardware.DigitalIO", [&] { fresh.DigitalIO(0); }},
+        {"CHardware.RestoreState", [&] { fresh.RestoreState(lines, report); }},
+        {"CHardware.StoreState", [&] { fresh.StoreState(); }},
+        {"CHardware.GetTextOutput", [&] { fresh.GetTextOutput(true); }},
+        {"CHardware.GetPrintOutput", [&] { fresh.GetPrintOutput(); }},
+        {"CHardware.UpdateFromIndicator", [&] { fresh.UpdateFromIndicator(""); }},
+        {"CMemoryCard.RestoreState", [&] { card.RestoreState(lines, report); }},
+        {"CMemoryCard.StoreState", [&] { card.StoreState(); }},
+        {"CMemoryCard.Schemas", [&] { card.Schemas(); }},
+        {"CMemoryCard.Add", [&] { card.Add("Truck"); }},
+    };
+    for (const auto& [source, operation] : operations) {
+        try {
+            operation();
+            ADD_FAILURE() << source;
+        } catch (const Error& error) {
+            EXPECT_EQ(error.Code(), code::kNotInitialised) << source;
+            EXPECT_EQ(error.Source(), std::string("Calyx.") + source);
+        }
+    }
+}
 
 TEST_F(Hardware, ANewBoardHasItsOwnPortsAndPoints) {
     EXPECT_EQ(hardware.CommPorts(), (Numbers{1, 2, 3, 4}));

@@ -59,6 +59,7 @@ TEST_F(Port, ChecksRaiseTheirNumbers) {
     CCommPort port(context);
     EXPECT_EQ(CodeOf([&] { port.GetTextOutput(true); }), code::kNotInitialised);
     EXPECT_EQ(CodeOf([&] { port.SetAddress(1); }), code::kNotInitialised);
+    EXPECT_EQ(CodeOf([&] { port.StreamTypes(); }), code::kNotInitialised);
     for (const int number : {0, 33, -1}) {
         EXPECT_EQ(CodeOf([&] { port.Initialize(number); }), code::kOutOfRange) << number;
         EXPECT_FALSE(port.IsInitialised());
@@ -160,6 +161,28 @@ TEST_F(Port, SendsItsStreamWhereItIsInUse) {
     EXPECT_TRUE(sendsStream("EDP.INPUT#1=IND SC"));
     EXPECT_TRUE(sendsStream("EDP.SOURCE#1=SCALE1\r\nEDP.STREAM#1=CONT\r\nEDP.FORMAT#1=CUSTOM"));
     EXPECT_FALSE(sendsStream("EDP.SOURCE#1=SCALE1\r\nEDP.STREAM#1=CONT\r\nEDP.FORMAT#1=DEFAULT"));
+}
+
+TEST_F(Port, AStreamGoesOnlyBehindAPortThatWasAcceptedWhole) {
+    struct Indicator : ILineSender, IDownload {
+        std::string refused;
+        std::vector<std::string> lines;
+        bool SendLine(std::string_view line) override {
+            lines.emplace_back(line);
+            return line != refused;
+        }
+        bool ErrorAction(const std::string&) override { return false; }
+    };
+    const CCommPort port = Read(3, "EDP.INPUT#3=SCALE\r\n");
+    for (const auto* refused : {"", "EDP.BAUD#3=9600", "STR.POS#3=SPACE"}) {
+        Indicator indicator;
+        indicator.refused = refused;
+        EXPECT_TRUE(port.SendToIndicator(indicator, indicator, true));
+        EXPECT_EQ(indicator.lines[0] + " " + indicator.lines[1], "EDP.INPUT#3=SCALE EDP.ALIAS#3=Com3");
+        const bool whole = std::string_view(refused) != "EDP.BAUD#3=9600";
+        EXPECT_EQ(indicator.lines.back().starts_with("EDP.SFMT#3="), whole) << refused;
+        EXPECT_EQ(indicator.lines.size(), whole ? 28u : 14u) << refused;
+    }
 }
 
 }  // namespace

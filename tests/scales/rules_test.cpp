@@ -52,6 +52,37 @@ TEST_F(ScalesTest, SourcesAndAliases) {
     EXPECT_EQ(keys, "SC.ALIAS#2 SC.LC.CD#3 SC.SRC#1 SC.ALIAS#4 ");
 }
 
+TEST_F(ScalesTest, NoNumberIsTooLargeAndNoneMayBeNegative) {
+    for (const auto& [key, large] : {std::pair{"GRADS", "10000000"},
+                                     {"ZTRKBND", "5000D"},
+                                     {"ZRANGE", "250%"},
+                                     {"MOTBAND", "32000D"},
+                                     {"SSTIME", "70000"},
+                                     {"SEC.MULT", "20000000."},
+                                     {"ROC.INTERVL", "70000"},
+                                     {"ROC.REFRESH", "70000"},
+                                     {"WMTTHRH", "20000000"},
+                                     {"RANGE1.MAX", "20000000"}}) {
+        const std::string line = "SC." + std::string(key) + "#1";
+        Read("SC.SRC#1=A,1\r\nSC.SPLIT#1=2RANGE\r\n" + line + "=" + large + "\r\n");
+        EXPECT_TRUE(report.Empty()) << key;
+        EXPECT_EQ(Value(line), large);
+        EXPECT_EQ(scales.BrokenRules().Count(), 0u) << key;
+        EXPECT_TRUE(Set(line, large).empty()) << key;
+        Read("SC.SRC#1=A,1\r\nSC.SPLIT#1=2RANGE\r\n" + line + "=-" + large + "\r\n");
+        const CBrokenRules rules = scales.BrokenRules();
+        ASSERT_EQ(rules.Count(), 1u) << key;
+        EXPECT_EQ(rules.begin()->key, line);
+        EXPECT_FALSE(scales.IsValid(1));
+    }
+}
+
+TEST_F(ScalesTest, ABarInAValueSeparatesNoFindings) {
+    Read("SC.SRC#2=A,1\r\nSC.ALIAS#2=a|b\r\n");
+    EXPECT_NE(scales.BrokenRules().begin()->text.find("a|b"), std::string::npos);
+    EXPECT_EQ(scales.Validate(InputOf).find('|'), std::string::npos);
+}
+
 TEST_F(ScalesTest, PortsMustFitTheKind) {
     Read("SC.SRC#1=S,5\r\nSC.SRC#2=S,6\r\nSC.SRC#3=S,3.1\r\n");
     const auto found = [&](const PortInput& inputOf) {

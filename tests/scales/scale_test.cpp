@@ -95,7 +95,7 @@ TEST_F(ScalesTest, ParametersByNameAndTheirCopyForADialog) {
     scale.SetCommand("MOTBAND", "OFF");
     EXPECT_EQ(scale.Pri_UnitsCommand(), "KG");
     EXPECT_TRUE(scale.IsValid());
-    scale.Parameters().fields.zeroRange = 101;
+    scale.Parameters().fields.zeroRange = -1;
     EXPECT_FALSE(scale.IsValid());
     Dictionary lines("sc.grads#2=5\r\n");
     EXPECT_EQ(

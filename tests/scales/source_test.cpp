@@ -72,7 +72,9 @@ TEST_F(ScalesTest, APortThatCannotBeReadIsNoPort) {
 
 TEST_F(ScalesTest, OfAScaleThatIsNotConfiguredNothingElseIsRead) {
     Read("SC.SRC#1=A,1\r\nSC.GRADS#1=5000\r\n");
-    Dictionary file("SC.SRC#1=S,9\r\nSC.GRADS#1=1\r\nSC.MAX_WEIGHT#1=7\r\nSC.GRADS#2=2\r\n");
+    Dictionary file(
+        "SC.SRC#1=S,9\r\nSC.GRADS#1=1\r\nSC.MAX_WEIGHT#1=7\r\nSC.GRADS#2=2\r\nSC.SRC#3=S,1\r\n"
+        "SC.SRC#4=S\r\nSC.SRC#5=X,1\r\nEDP.INPUT#1=CMD\r\n");
     report = {};
     scales.RestoreState(file, report);
     EXPECT_EQ(Value("SC.GRADS#1"), "5000");
@@ -82,11 +84,14 @@ TEST_F(ScalesTest, OfAScaleThatIsNotConfiguredNothingElseIsRead) {
     for (const ReadNote& note : report.Notes()) {
         told += note.key + (note.kind == ReadNote::Kind::NotWritten ? " not written\n"
                                                                     : " became " + note.became + "\n");
+        told += note.reason;
     }
-    EXPECT_EQ(told,
-              "SC.SRC#1 became NONE\nSC.GRADS#1 not written\nSC.MAX_WEIGHT#1 not written\nSC.GRADS#2 not "
-              "written\n");
-    for (const Dictionary::Entry& entry : file.Entries()) EXPECT_TRUE(entry.asked) << entry.key;
+    EXPECT_EQ(told, "SC.SRC#1 became NONE\n" + context.texts.Format(42002, {"9"}) +
+                        "SC.GRADS#1 not written\nSC.GRADS#2 not written\nSC.SRC#3 became NONE\n" +
+                        context.texts.Format(42003, {"1", "CMD"}) + "SC.SRC#4 became NONE\n" +
+                        context.texts.Text(42004) + "SC.SRC#5 became NONE\n");
+    for (const Dictionary::Entry& entry : file.Entries())
+        EXPECT_EQ(entry.asked, entry.key != "EDP.INPUT#1") << entry.key;
 }
 
 TEST_F(ScalesTest, UndoKeepsTheKindWhereTheLineSaysTooLittle) {

@@ -142,11 +142,13 @@ TEST_F(Setpoints, ValuesAreReadByTheirLength) {
         {"TIME=930", "0930", false},
         {"TIME=18:30", "1830", false},
         {"TIME=9:05:00", "0905", false},
-        {"TIME=18:30:15", "0000", true},
+        {"TIME=18:30:15", "1830", true},  // its line has no seconds
         {"TIME=18:", "0000", true},
         {"TIME=18:3a", "0000", true},
         {"TIME=2400", "0000", true},
-        {"TIME=183000", "0000", true},
+        {"TIME=183000", "1830", false},
+        {"TIME=93059", "0930", true},
+        {"TIME=1830000", "0000", true},
         {"DURATION=000010", "000010", false},
         {"DURATION=00:01:30", "000130", false},
         {"DURATION=1:30", "013000", false},
@@ -237,6 +239,10 @@ TEST_F(Setpoints, AChangeOfKindKeepsWhatTheLinesCanHold) {
     EXPECT_FALSE(setpoints.IsDirty());
     EXPECT_TRUE(Set("KIND=OFF ALIAS=x", Section::Check::None).empty());
     EXPECT_EQ(Text("ALIAS"), "x");
+    // An indicator's own line goes by the same rule.
+    EXPECT_TRUE(Set("KIND=GROSS").empty());
+    EXPECT_TRUE(Set("KIND=OFF", Section::Check::Lenient).empty());
+    EXPECT_EQ(Text("ALIAS"), "");
 }
 
 TEST_F(Setpoints, OneSetpointByItself) {
@@ -333,6 +339,9 @@ TEST_F(Setpoints, RulesBrokenBetweenThem) {
         {"KIND=COUNTER BRANCH=1", ""},
         {"KIND=PAUSE BRANCH=2", ""},  // a pause has no such line
         {"KIND=TIMER START=2 END=1", "START#1"},
+        {"KIND=TIMER START=1 END=0", "END#1"},
+        {"KIND=CONCUR START=1.5 END=1", "START#1"},
+        {"KIND=TIMER START=1 END=101", "END#1"},
         {"KIND=PAUSE DSLOT=1", "DIGOUT#1"},
         {"KIND=PAUSE DSLOT=1 DIGOUT=4 KIND#2=PAUSE DSLOT#2=1 DIGOUT#2=4 KIND#3=PAUSE DSLOT#3=2 DIGOUT#3=4",
          "DIGOUT#2"},

@@ -18,6 +18,8 @@ class EditingTest : public QObject {
     void LinesThatFollowAreNotTakenBackAlone();
     void WrongInputIsNeitherSavedNorLost();
     void UndoWithNothingSaysWhy();
+    void ValuesThatLoseTheirLineAreTold();
+    void TypingIsCheckedWhenItRests();
 };
 
 void EditingTest::TypingIsOneStepAndUndoGoesBackToClean() {
@@ -151,6 +153,50 @@ void EditingTest::UndoWithNothingSaysWhy() {
     QVERIFY(main.Find<QAction>("editUndo")->isEnabled());
     main.Choose("editUndo");
     QVERIFY(main.Status("statusMessage").startsWith("Nothing to undo"));
+}
+
+void EditingTest::ValuesThatLoseTheirLineAreTold() {
+    MainWindow main;
+    QVERIFY(main.Open("truck-scale.mrn"));
+    auto& session = main.window->Session();
+    auto* note = main.Find<QWidget>("ctlNote");
+    QVERIFY(!note->isVisible());
+    session.SetParameter("EDP.BAUD#4", "19200", false);
+    QVERIFY(!note->isVisible());
+    session.SetParameter("EDP.INPUT#4", "KEYBD", false);
+    QVERIFY(note->isVisible());
+    QVERIFY2(main.Status("noteWords").contains("Port 4: "), qPrintable(main.Status("noteWords")));
+    QVERIFY2(main.Status("noteWords").contains("Baud rate"), qPrintable(main.Status("noteWords")));
+
+    main.Find<QAbstractButton>("cmdNoteUndo")->click();
+    QVERIFY(!note->isVisible());
+    QCOMPARE(main.Value("EDP.BAUD#4"), "19200");
+    session.Redo();
+    QVERIFY(note->isVisible());
+    session.SetParameter("UID", "A", false);  // told once; the next edit has its own
+    QVERIFY(!note->isVisible());
+    // What only the indicator knows has no line and is nothing that saving loses.
+    session.Do("read", [](CIndicator& document) { return document.UpdateFromIndicator("SC.NUMWEIGH#1=12"); });
+    QVERIFY2(!note->isVisible(), qPrintable(main.Status("noteWords")));
+}
+
+void EditingTest::TypingIsCheckedWhenItRests() {
+    MainWindow main;
+    auto& session = main.window->Session();
+    auto* field = main.Find<QLineEdit>("CONTACT.EMAIL");
+    main.window->ShowParameter("CONTACT.EMAIL");
+    QTRY_VERIFY(field->hasFocus());
+    QTest::keyClicks(field, "nobody");
+    QCOMPARE(main.Value("CONTACT.EMAIL"), "nobody");
+    QCOMPARE(session.Problems().size(), 0u);  // not at every key
+    QTest::keyClick(field, Qt::Key_Tab);
+    QCOMPARE(session.Problems().size(), 1u);
+    QVERIFY(main.Find<QLabel>("CONTACT.EMAIL.message")->isVisible());
+    main.window->ShowParameter("CONTACT.EMAIL");
+    field->selectAll();
+    QTest::keyClicks(field, "a@plant.example");
+    QTRY_COMPARE(session.Problems().size(), 0u);  // nor only when the field is left
+    QVERIFY(!main.Find<QLabel>("CONTACT.EMAIL.message")->isVisible());
 }
 
 QTEST_MAIN(EditingTest)

@@ -98,6 +98,10 @@ void ItemsTest::AKindAsksBeforeItClears() {
     QCOMPARE(kind->currentText(), "Analog Scale");
     QVERIFY(main.dialogs.asked.back().text.contains("the source 1"));
     QVERIFY(main.dialogs.asked.back().text.contains("Test weight"));
+    main.dialogs.Answer("Keep the kind");
+    Choose(kind, "Programmable Scale");
+    QVERIFY2(main.dialogs.asked.back().text.contains("Zero tracking band (1D, its line goes)"),
+             qPrintable(main.dialogs.asked.back().text));
 
     main.dialogs.Answer("Change the kind");
     Choose(kind, "Total Scale");
@@ -139,6 +143,12 @@ void ItemsTest::ChannelsComeAndGo() {
     main.window->activateWindow();  // without a screen no window is active once a menu has closed
     QVERIFY(QTest::qWaitForWindowActive(main.window.get()));
     QTRY_VERIFY(main.Find<QToolButton>("cmdAddSource")->hasFocus());
+    // Tab goes through them as they stand, those that came later too.
+    main.Find<QComboBox>("SC.KIND#1")->setFocus();
+    for (const char* next : {"source1", "source32", "cmdAddSource", "SC.ALIAS#1"}) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        QVERIFY2(main.Find<QWidget>(next)->hasFocus(), next);
+    }
     auto* chip = main.Find<QToolButton>("source1");
     chip->setFocus();
     QTest::keyClick(chip, Qt::Key_Delete);

@@ -145,6 +145,10 @@ void TablesTest::CellsAreEditedByKeyboard() {
     MainWindow main;
     MakeSetpoints(main);
     ui::ctlSetpointTable& table = ShowSetpoints(main);
+    const QModelIndex value = table.Grid().Model().Find("SP.VALUE#2");
+    QVERIFY(value.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight);
+    QCOMPARE(value.model()->headerData(value.column(), Qt::Horizontal, Qt::TextAlignmentRole),
+             value.data(Qt::TextAlignmentRole));
     main.Find<QCheckBox>("filterUsed")->click();
     QVERIFY(table.Grid().FocusKey("SP.VALUE#2"));
     QTest::keyClick(&table.Grid(), Qt::Key_F2);
@@ -197,6 +201,9 @@ void TablesTest::SetpointsAreCopiedAndPasted() {
     Press(table, QKeySequence::Copy);
     QVERIFY(QGuiApplication::clipboard()->text().startsWith("SP.KIND#2=GROSS\r\nSP.ALIAS#2=SandFF\r\n") ||
             QGuiApplication::clipboard()->text().startsWith("SP.KIND#2=GROSS\nSP.ALIAS#2=SandFF\n"));
+    QVERIFY(table.Grid().FocusKey("SP.ALIAS#20"));  // Shift goes on from there
+    for (int step = 0; step < 2; ++step) QTest::keyClick(&table.Grid(), Qt::Key_Down, Qt::ShiftModifier);
+    QCOMPARE(table.Grid().ChosenNumbers(), (std::vector<int>{20, 21, 22}));
     QVERIFY(table.Grid().FocusKey("SP.ALIAS#32"));  // from any cell of the row
     Press(table, QKeySequence::Paste);
     QCOMPARE(main.Value("SP.VALUE#32") + " " + main.Value("SP.VALUE#37"), "850 4321");

@@ -184,6 +184,10 @@ TEST_F(Widgets, OlderFirmwareGetsTheFirst128) {
 TEST_F(Widgets, ConstantsOfTheImportFile) {
     Read("WDGT#1=1,0,1,1\r\nWDGT#2=6,0,14,5,lampA,1,0,0,1,1\r\nWDGT#3=6,0,14,5,,1,0,0,1,1\r\n");
     EXPECT_EQ(widgets.GetIWriteImportDef(), "-- Widget Aliases\r\nlampA : constant integer := 2;\r\n");
+    // The numbers of the lines, also while there is a gap.
+    widgets.Remove(1);
+    EXPECT_TRUE(widgets.StoreState().starts_with("WDGT#1=6"));
+    EXPECT_EQ(widgets.GetIWriteImportDef(), "-- Widget Aliases\r\nlampA : constant integer := 1;\r\n");
 }
 
 TEST_F(Widgets, WhatIsWrong) {

@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QSignalBlocker>
 #include <QWheelEvent>
+#include <algorithm>
 
 #include "ui/form/bytes.h"
 #include "ui/form/form_texts.h"
@@ -12,6 +13,10 @@
 #include "ui/theme/tokens.h"
 
 namespace calyx::ui::form {
+
+namespace {
+constexpr int kNarrowest = 192;  // of a box with long texts, so that two columns fit beside the lines
+}
 
 void ChoiceBox::wheelEvent(QWheelEvent* event) {
     event->ignore();
@@ -27,7 +32,9 @@ ChoiceControl::ChoiceControl(const CTextList& list, QWidget* parent) : box_(new 
     QFont bold = plain;
     bold.setBold(true);
     box_->setFont(bold);
-    box_->setFixedWidth(InSteps(box_->sizeHint().width()));
+    const int width = InSteps(box_->sizeHint().width());
+    box_->setMinimumWidth(std::min(width, kNarrowest));
+    box_->setMaximumWidth(width);
     box_->setFont(plain);
     box_->view()->setFont(plain);
     box_->setFocusPolicy(Qt::StrongFocus);

@@ -24,6 +24,9 @@ int BoldWidth(const QLabel& label) {
     return QFontMetrics(bold).size(Qt::TextShowMnemonic, label.text()).width() + 2;
 }
 
+// Longer labels go on in a second line.
+constexpr int kWidestLabel = 144;
+
 QWidget* MakeRule(QWidget* parent) {
     auto* rule = new QWidget(parent);
     rule->setFixedHeight(1);
@@ -105,15 +108,20 @@ int FieldGroup::WidestLabel() const {
     int width = 0;
     for (const Field* field : fields_) {
         if (!field->IsPresent()) continue;
-        width = std::max(
-            {width, field->Label()->sizeHint().width(), field->IsSwitch() ? BoldWidth(*field->Label()) : 0});
+        const QLabel& label = *field->Label();
+        const QFontMetrics plain(label.font());
+        width = std::max({width, plain.size(Qt::TextShowMnemonic, label.text()).width(),
+                          field->IsSwitch() ? BoldWidth(label) : 0});
     }
-    return width;
+    return std::min(width, kWidestLabel);
 }
 
 void FieldGroup::SetLabelWidth(int width) {
     if (checks_) return;
-    for (Field* field : fields_) field->Label()->setFixedWidth(width);
+    for (Field* field : fields_) {
+        field->Label()->setWordWrap(true);
+        field->Label()->setFixedWidth(width);
+    }
 }
 
 double FieldGroup::Weight() const {

@@ -29,6 +29,7 @@ FormPage::FormPage(DocumentSession& session, ItemRef item, QWidget* parent, cons
     Build(reservedLetters, leftOut, make);
     Refresh();
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(Stale::Changed); });
+    connect(&session_, &DocumentSession::Settled, this, [this] { Follow(Stale::Changed); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(Stale::Changed); });
     connect(&session_, &DocumentSession::Replaced, this, [this] { Follow(Stale::Replaced); });
 }

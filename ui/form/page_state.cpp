@@ -12,7 +12,7 @@ PageState PageState::Of(const DocumentSession& session, const std::string& secti
     state.differing = std::move(differing);
     const ChangeSet sinceSave = session.ChangesSinceSave();
     for (const Change& change : sinceSave.Changes()) state.sinceSave.emplace(Upper(change.key), change);
-    for (const BrokenRule& rule : session.Document().Validate()) {
+    for (const BrokenRule& rule : session.Problems()) {
         if (rule.section == section) state.problems.emplace(Upper(rule.key), rule.text);
     }
     return state;

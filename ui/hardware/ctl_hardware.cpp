@@ -6,6 +6,8 @@
 #include <QGridLayout>
 #include <QLabel>
 #include <QMenu>
+#include <QPainter>
+#include <QStyleOption>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -22,10 +24,36 @@ namespace calyx::ui {
 namespace {
 
 constexpr int kColumns = 2;
-constexpr int kSlotWidth = 300, kSlotHeight = 52;
+constexpr int kSlotWidth = 300, kSlotHeight = 48;
 
 // Cards as they are offered, the commonest first.
 constexpr std::int32_t kOffered[] = {card::kEmptySlot, 1, 2, 3, 4, 17, 5, 6, 7, 15, 8, 9, 10, 11, 12, 13, 16};
+
+// A slot of the board: a socket with a broken edge while it is empty, a card once there is one.
+class SlotButton final : public QToolButton {
+  public:
+    void SetEmpty(bool empty) {
+        empty_ = empty;
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QStyleOptionToolButton option;
+        initStyleOption(&option);
+        const bool held = option.state.testFlag(QStyle::State_MouseOver) || isDown();
+        const double width = hasFocus() ? 2 : 1;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setBrush(palette().color(held ? role::kHeld : empty_ ? role::kWindow : role::kRaised));
+        painter.setPen(QPen(palette().color(hasFocus() ? role::kAccent : role::kBorder), width,
+                            empty_ && !hasFocus() ? Qt::DashLine : Qt::SolidLine));
+        painter.drawRoundedRect(QRectF(rect()).adjusted(width / 2, width / 2, -width / 2, -width / 2), 4, 4);
+    }
+
+  private:
+    bool empty_ = true;
+};
 
 }  // namespace
 
@@ -37,15 +65,7 @@ ctlHardware::ctlHardware(DocumentSession& session, const PageTools& tools)
     auto* column = new QVBoxLayout(content);
     column->setContentsMargins(metrics::kPageEdge, metrics::kRelated, metrics::kPageEdge, metrics::kPageEdge);
     column->setSpacing(metrics::kGroups);
-    column->addWidget(MakeBoard());
-    auto* grid = new QGridLayout;
-    grid->setSpacing(metrics::kRelated);
-    const int rows = card::kSlots / kColumns;
-    for (int slot = 1; slot <= card::kSlots; ++slot) {
-        grid->addWidget(MakeSlot(slot), (slot - 1) % rows, (slot - 1) / rows);
-    }
-    grid->setColumnStretch(kColumns, 1);
-    column->addLayout(grid);
+    column->addWidget(MakeBoard(), 0, Qt::AlignLeft);
     column->addStretch(1);
     setWidget(content);
     for (int slot = 2; slot <= card::kSlots; ++slot) {
@@ -66,17 +86,24 @@ QWidget* ctlHardware::MakeBoard() {
     name->setFont(StrongFont());
     auto* brings = new QLabel(Say(texts, say::kMainBoardBrings));
     brings->setForegroundRole(role::kQuietText);
+    auto* grid = new QGridLayout;
+    grid->setSpacing(metrics::kRelated);
+    const int rows = card::kSlots / kColumns;
+    for (int slot = 1; slot <= card::kSlots; ++slot) {
+        grid->addWidget(MakeSlot(slot), (slot - 1) % rows, (slot - 1) / rows);
+    }
     auto* column = new QVBoxLayout(frame);
-    column->setContentsMargins(metrics::kGroups, metrics::kRelated, metrics::kGroups, metrics::kRelated);
-    column->setSpacing(metrics::kHalf);
+    column->setContentsMargins(metrics::kGroups, metrics::kRelated, metrics::kGroups, metrics::kGroups);
+    column->setSpacing(2);
     column->addWidget(name);
     column->addWidget(brings);
-    frame->setMaximumWidth(kColumns * kSlotWidth + metrics::kRelated);
+    column->addSpacing(metrics::kRelated);
+    column->addLayout(grid);
     return frame;
 }
 
 QWidget* ctlHardware::MakeSlot(int slot) {
-    auto* button = new QToolButton;
+    auto* button = new SlotButton;
     button->setObjectName(QStringLiteral("slot%1").arg(slot));
     button->setFixedSize(kSlotWidth, kSlotHeight);
     button->setFocusPolicy(Qt::StrongFocus);
@@ -135,6 +162,7 @@ void ctlHardware::Refresh() {
     for (int slot = 1; slot <= card::kSlots; ++slot) {
         const std::int32_t code = hardware.CardType(slot);
         QToolButton* button = slots_[static_cast<std::size_t>(slot - 1)];
+        static_cast<SlotButton*>(button)->SetEmpty(card::IsEmpty(code));
         auto* name = button->findChild<QLabel*>(QStringLiteral("name"));
         const QString card = Say(texts, card::Name(code));
         name->setText(card);

@@ -91,7 +91,7 @@ QWidget* ctlPort::MakeStreamBar() {
     names_->setObjectName(QStringLiteral("savedFormats"));
     names_->setEditable(true);
     names_->setInsertPolicy(QComboBox::NoInsert);
-    names_->setMinimumWidth(200);
+    names_->setMinimumWidth(160);
     names_->lineEdit()->setMaxLength(static_cast<int>(SavedStreams::kNameWidth));
     connect(weight_, &QLineEdit::textChanged, this, &ctlPort::ShowSample);
     connect(mode_, &QComboBox::currentIndexChanged, this, &ctlPort::ShowSample);
@@ -119,7 +119,8 @@ QWidget* ctlPort::MakeStreamBar() {
     second->addWidget(button(say::kLoadFormat, "cmdLoadFormat", &ctlPort::LoadFormat));
     second->addWidget(button(say::kSaveFormat, "cmdSaveFormat", &ctlPort::SaveFormat));
     second->addWidget(button(say::kDeleteFormat, "cmdDeleteFormat", &ctlPort::DeleteFormat));
-    second->addStretch(1);
+    second->addSpacing(metrics::kRelated);
+    second->addWidget(notSent_, 1);
     auto* rule = new QWidget;
     rule->setFixedHeight(1);
     rule->setAutoFillBackground(true);
@@ -131,9 +132,9 @@ QWidget* ctlPort::MakeStreamBar() {
     rows->addWidget(rule);
     notSent_->setObjectName(QStringLiteral("notSent"));
     notSent_->setForegroundRole(role::kQuietText);
+    notSent_->setFont(TextFont(TextSize::Small));
     notSent_->setWordWrap(true);
     rows->addLayout(first);
-    rows->addWidget(notSent_);
     rows->addLayout(second);
     return bar;
 }

@@ -41,6 +41,7 @@ ctlGrid::ctlGrid(DocumentSession& session, GridModel* model, const QString& name
     horizontalHeader()->setStretchLastSection(true);
     setHorizontalScrollMode(ScrollPerPixel);
     connect(&session_, &DocumentSession::Changed, this, &ctlGrid::Follow);
+    connect(&session_, &DocumentSession::Settled, this, &ctlGrid::Follow);
     connect(&session_, &DocumentSession::Saved, this, &ctlGrid::Follow);
     connect(&session_, &DocumentSession::Replaced, this, [this] {
         model_->GiveUpAll();
@@ -128,6 +129,7 @@ void ctlGrid::FinishEditor() {
 
 void ctlGrid::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
     QTableView::currentChanged(current, previous);
+    if (!steered_) anchor_ = current;
     if (!hasFocus() && !viewport()->isAncestorOf(QApplication::focusWidget())) return;
     if (const std::string key = model_->KeyAt(current); !key.empty()) emit KeyFocused(KeyText(key));
 }
@@ -183,7 +185,29 @@ void ctlGrid::keyPressEvent(QKeyEvent* event) {
         if (!edit(current, EditKeyPressed, event)) Activate(current);
         return;
     }
-    QTableView::keyPressEvent(event);
+    Steer(event->modifiers(), [&] { QTableView::keyPressEvent(event); });
+}
+
+void ctlGrid::mousePressEvent(QMouseEvent* event) {
+    Steer(event->modifiers(), [&] { QTableView::mousePressEvent(event); });
+}
+
+void ctlGrid::mouseMoveEvent(QMouseEvent* event) {
+    Steer(Qt::ShiftModifier, [&] { QTableView::mouseMoveEvent(event); });  // it only extends
+}
+
+void ctlGrid::Steer(Qt::KeyboardModifiers modifiers, const std::function<void()>& act) {
+    if (!modifiers.testFlag(Qt::ShiftModifier)) anchor_ = QModelIndex();
+    steered_ = true;
+    act();
+    steered_ = false;
+}
+
+// The view itself remembers only where a key or the mouse has begun a selection.
+void ctlGrid::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+    const bool goesOn = anchor_.isValid() && command.testFlag(QItemSelectionModel::Current);
+    QTableView::setSelection(
+        goesOn ? QRect(visualRect(anchor_).center(), visualRect(currentIndex()).center()) : rect, command);
 }
 
 // The next cell that can be edited; none: the next control.

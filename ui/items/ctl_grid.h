@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QTableView>
+#include <functional>
 #include <set>
 #include <string>
 
@@ -43,6 +44,9 @@ class ctlGrid : public QTableView {
     void showEvent(QShowEvent* event) override;
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     bool focusNextPrevChild(bool next) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
@@ -56,13 +60,16 @@ class ctlGrid : public QTableView {
     void Activate(const QModelIndex& index);
     void ShowHelp();
     bool Walk(bool forward);
+    void Steer(Qt::KeyboardModifiers modifiers, const std::function<void()>& act);
     QModelIndexList Chosen() const;
     void CopyAsLine();
     void ShowFirmware();
 
     DocumentSession& session_;
     GridModel* model_;
-    bool stale_ = false;  // a grid out of sight does not follow every edit
+    QPersistentModelIndex anchor_;  // chosen by the program: where Shift selects from
+    bool steered_ = false;          // by a key or the mouse, not by the program
+    bool stale_ = false;            // a grid out of sight does not follow every edit
 };
 
 }  // namespace calyx::ui

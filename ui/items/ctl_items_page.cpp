@@ -36,6 +36,7 @@ ctlItemsPage::ctlItemsPage(DocumentSession& session, const Place& place, MakeIte
     all->addWidget(stack_);
     setFocusProxy(view_);
     connect(&session_, &DocumentSession::Changed, this, &ctlItemsPage::Follow);
+    connect(&session_, &DocumentSession::Settled, this, &ctlItemsPage::Follow);
     connect(&session_, &DocumentSession::Saved, this, &ctlItemsPage::Follow);
     connect(&session_, &DocumentSession::Replaced, this, &ctlItemsPage::Follow);
     const auto shortcut = [this](const QKeySequence& keys, auto&& act) {
@@ -141,6 +142,11 @@ void ctlItemsPage::Refresh() {
     const QModelIndex current = view_->currentIndex();
     const bool first = model_->rowCount() == 0;
     model_->Refresh();
+    if (model_->columnCount() > 0) {
+        // Numbers at the far edge would stand alone.
+        const bool figures = model_->AlignmentOf(model_->columnCount() - 1).testFlag(Qt::AlignRight);
+        view_->header()->setStretchLastSection(!figures);
+    }
     if (first) {
         for (int column = 0; column < model_->columnCount(); ++column) view_->resizeColumnToContents(column);
     }

@@ -1,6 +1,7 @@
 #include "ui/items/grid_model.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/language/text.h"
 #include "ui/form/form_texts.h"
@@ -125,6 +126,29 @@ void GridModel::Fill() {
         }
     }
     untaken_ = std::move(stays);
+    AlignColumns();
+}
+
+// A column of numbers, and no words among them, stands on the right with its heading.
+void GridModel::AlignColumns() {
+    std::vector<bool> figures(static_cast<std::size_t>(columnCount()), false), words = figures;
+    for (const auto& row : cells_) {
+        for (std::size_t c = 0; c < row.size(); ++c) {
+            if (!row[c].present) continue;
+            const bool word =
+                !row[c].isNumber || (!row[c].shown.isEmpty() && row[c].shown.front().isLetter());
+            (word ? words : figures)[c + 1] = true;
+        }
+    }
+    for (std::size_t c = 0; c < figures.size(); ++c) figures[c] = figures[c] && !words[c];
+    if (std::exchange(figures_, figures) != figures && columnCount() > 0)
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+}
+
+Qt::Alignment GridModel::AlignmentOf(int column) const {
+    const auto place = static_cast<std::size_t>(column);
+    const bool figures = place < figures_.size() && figures_[place];
+    return (figures ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
 }
 
 GridModel::Cell GridModel::Look(const Item& item, std::size_t row, const PageState& state) const {
@@ -437,8 +461,7 @@ QVariant GridModel::data(const QModelIndex& index, int role) const {
                                                                              : role::kAccent);
             return {};
         case Qt::TextAlignmentRole:
-            return QVariant::fromValue(Qt::Alignment(
-                (cell != nullptr && cell->isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter));
+            return QVariant::fromValue(AlignmentOf(index.column()));
         case Qt::DecorationRole:
             if (!Problem(index).isEmpty() || typed != nullptr) return Icon(IconName::Problem);
             if (cell != nullptr && cell->differs) return Icon(IconName::Differs);
@@ -490,8 +513,7 @@ bool GridModel::setData(const QModelIndex& index, const QVariant& value, int rol
 
 QVariant GridModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section >= headings_.size()) return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(section));
     return role == Qt::DisplayRole ? QVariant(headings_[section]) : QVariant();
 }
 

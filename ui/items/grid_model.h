@@ -102,6 +102,8 @@ class GridModel : public QAbstractTableModel {
     };
 
     void Fill();
+    void AlignColumns();
+    Qt::Alignment AlignmentOf(int column) const;
     Cell Look(const Item& item, std::size_t row, const form::PageState& state) const;
     const Cell* CellAt(const QModelIndex& index) const;
     const GridCell* SpecAt(const QModelIndex& index) const;
@@ -118,6 +120,7 @@ class GridModel : public QAbstractTableModel {
     const GridSource source_;
     std::vector<GridRow> rows_;
     std::vector<std::vector<Cell>> cells_;
+    std::vector<bool> figures_;             // by column, the title's first: numbers stand on the right
     std::map<std::string, Typed> untaken_;  // by key
     std::set<std::string> differing_;       // in capitals
 };

@@ -1,5 +1,6 @@
 #include "ui/items/items_model.h"
 
+#include <QRegularExpression>
 #include <algorithm>
 #include <set>
 
@@ -38,7 +39,7 @@ std::vector<ItemsModel::Row> ItemsModel::ReadRows() const {
     std::set<std::string> changed;
     const ChangeSet sinceSave = session_.ChangesSinceSave();
     for (const Change& change : sinceSave.Changes()) changed.insert(Upper(change.key));
-    std::vector<BrokenRule> rules = document.Validate();
+    std::vector<BrokenRule> rules = session_.Problems();
     std::erase_if(rules, [&](const BrokenRule& rule) { return rule.section != place_.section; });
 
     for (const Item* item : section->Items()) {
@@ -74,6 +75,7 @@ void ItemsModel::Refresh() {
                                       [](const Row& a, const Row& b) { return a.ref == b.ref; });
     if (!sameItems) beginResetModel();
     rows_ = std::move(rows);
+    AlignColumns();
     headings_ = {Say(session_.Context().texts, say::kItemColumn)};
     for (const std::string_view stem : place_.columns) {
         QString heading;
@@ -110,6 +112,26 @@ int ItemsModel::FindKey(const QString& key) const {
     return -1;
 }
 
+void ItemsModel::AlignColumns() {
+    static const QRegularExpression number(QStringLiteral("^[+-]?[0-9.,]+$"));
+    figures_.assign(place_.columns.size() + 1, false);
+    for (std::size_t column = 0; column < figures_.size(); ++column) {
+        bool any = false, words = false;
+        for (const Row& row : rows_) {
+            const QString& cell = row.cells[static_cast<qsizetype>(column)];
+            any = any || !cell.isEmpty();
+            words = words || (!cell.isEmpty() && !number.match(cell).hasMatch());
+        }
+        figures_[column] = any && !words;
+    }
+}
+
+Qt::Alignment ItemsModel::AlignmentOf(int column) const {
+    const auto place = static_cast<std::size_t>(column);
+    const bool figures = place < figures_.size() && figures_[place];
+    return (figures ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter;
+}
+
 int ItemsModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
@@ -124,6 +146,8 @@ QVariant ItemsModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case Qt::DisplayRole:
             return row.cells[index.column()];
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue(AlignmentOf(index.column()));
         case Qt::ToolTipRole:
             return row.problem.isEmpty() ? row.cells[index.column()] : row.problem;
         case Qt::ForegroundRole:
@@ -145,8 +169,7 @@ QVariant ItemsModel::data(const QModelIndex& index, int role) const {
 
 QVariant ItemsModel::headerData(int section, Qt::Orientation orientation, int role) const {
     if (orientation != Qt::Horizontal || section >= headings_.size()) return {};
-    if (role == Qt::TextAlignmentRole)
-        return QVariant::fromValue(Qt::Alignment(Qt::AlignLeft | Qt::AlignVCenter));
+    if (role == Qt::TextAlignmentRole) return QVariant::fromValue(AlignmentOf(section));
     return role == Qt::DisplayRole ? QVariant(headings_[section]) : QVariant();
 }
 

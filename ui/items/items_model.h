@@ -23,6 +23,7 @@ class ItemsModel : public QAbstractTableModel {
     QString TitleAt(int row) const { return rows_[static_cast<std::size_t>(row)].cells.front(); }
     int Find(const ItemRef& ref) const;  // -1: not there
     int FindKey(const QString& key) const;
+    Qt::Alignment AlignmentOf(int column) const;  // numbers and their heading stand on the right
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -39,11 +40,13 @@ class ItemsModel : public QAbstractTableModel {
         friend bool operator==(const Row&, const Row&) = default;
     };
     std::vector<Row> ReadRows() const;
+    void AlignColumns();
 
     DocumentSession& session_;
     const Place& place_;
     QStringList headings_;
     std::vector<Row> rows_;
+    std::vector<bool> figures_;  // by column
 };
 
 }  // namespace calyx::ui

@@ -4,7 +4,7 @@
 
 namespace calyx::ui {
 
-void UiClock::Yield() {
+void UiClock::LetOthersRun() {
     QCoreApplication::processEvents();
 }
 

@@ -2,6 +2,7 @@
 
 #include <QSplitter>
 #include <QTabBar>
+#include <algorithm>
 
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -79,7 +80,9 @@ void ctlPanes::SetFolded(bool folded) {
     if (splitter == nullptr) return;
     QList<int> sizes = splitter->sizes();
     const int place = splitter->indexOf(this);
-    const int wanted = folded ? tabs : openHeight_;
+    // On a low screen the page keeps its room.
+    const int most = openHeight_ > 0 ? openHeight_ : std::clamp(splitter->height() / 4, kLowest, kFirst);
+    const int wanted = folded ? tabs : most;
     sizes[place == 0 ? 1 : place - 1] += sizes[place] - wanted;
     sizes[place] = wanted;
     splitter->setSizes(sizes);

@@ -38,7 +38,8 @@ class ctlPanes : public QTabWidget {
     void Fold();
     void SetFolded(bool folded);
 
-    static constexpr int kDelay = 150;  // ms
+    static constexpr int kDelay = 150;                // ms
+    static constexpr int kLowest = 96, kFirst = 160;  // pixels
 
     DocumentSession& session_;
     ctlProblems* problems_;
@@ -48,7 +49,7 @@ class ctlPanes : public QTabWidget {
     QTimer soon_;
     bool opened_ = false;  // by the user, until there is another document
     bool folded_ = false;
-    int openHeight_ = 160;  // pixels, as it was before it was folded
+    int openHeight_ = 0;  // pixels, as it was before it was folded; 0: it was not open yet
 };
 
 }  // namespace calyx::ui

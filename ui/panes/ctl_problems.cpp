@@ -19,7 +19,8 @@ ctlProblems::ctlProblems(DocumentSession& session)
 }
 
 void ctlProblems::Refresh() {
-    rules_ = session_.Document().Validate();
+    session_.Settle();
+    rules_ = session_.Problems();
     const QString goTo = Say(session_.Context().texts, say::kGoTo);
     std::vector<Row> rows;
     rows.reserve(rules_.size());

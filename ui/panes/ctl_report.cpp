@@ -39,6 +39,7 @@ void ctlReport::Refresh() {
 QString ctlReport::Became(const ReadNote& note) const {
     const ResourceTexts& texts = session_.Context().texts;
     const QString became = ShownValue(note.became);
+    if (!note.reason.empty()) return Shown(note.reason);
     switch (note.kind) {
         case Kind::TextLine:
             return Say(texts, say::kNoteText);

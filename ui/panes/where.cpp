@@ -7,12 +7,18 @@ namespace calyx::ui {
 QString WhereWords(const CIndicator& document, std::string_view key) {
     for (const Section* section : document.Sections()) {
         if (!section->Owns(key)) continue;
-        QString words = Say(document.Context().texts, section->Title());
+        const QString item = ItemWords(document, key);
+        return Say(document.Context().texts, section->Title()) +
+               (item.isEmpty() ? QString() : QStringLiteral(", ") + item);
+    }
+    return {};
+}
+
+QString ItemWords(const CIndicator& document, std::string_view key) {
+    for (const Section* section : document.Sections()) {
         for (const Item* item : section->Items()) {
-            const std::string title = item->Find(key) ? section->ItemTitle(*item) : std::string();
-            if (!title.empty()) words += QStringLiteral(", ") + Shown(title);
+            if (item->Find(key)) return Shown(section->ItemTitle(*item));
         }
-        return words;
     }
     return {};
 }

@@ -82,6 +82,7 @@ ctlScale::ctlScale(DocumentSession& session, const ItemRef& scale, const PageToo
     column->addWidget(form_, 1);
     setFocusProxy(kind_->ControlWidget());
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(false); });
+    connect(&session_, &DocumentSession::Settled, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Replaced, this, [this] { Follow(true); });
     Refresh();

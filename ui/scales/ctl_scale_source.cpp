@@ -76,6 +76,12 @@ void ctlScaleSource::Refresh() {
     Build();
     content_->show();
     if (controls_.empty()) return;
+    // What is made later would come last on the page.
+    QWidget* before = this;
+    for (QWidget* control : controls_) {
+        setTabOrder(before, control);
+        before = control;
+    }
     setFocusProxy(controls_.back());
     if (hadFocus) controls_[atEnd ? controls_.size() - 1 : std::min(place, controls_.size() - 1)]->setFocus();
 }
@@ -92,6 +98,10 @@ void ctlScaleSource::Say(int text) {
     auto* words = new QLabel(ui::Say(Texts(), text, Shown(InputOfKind(shown_.kind))));
     words->setForegroundRole(role::kQuietText);
     words->setMinimumHeight(metrics::kControlHeight);
+    QFont plain = words->font();
+    plain.setBold(false);
+    words->setFont(plain);
+    words->setWordWrap(true);
     content_->layout()->addWidget(words);
 }
 

@@ -177,16 +177,21 @@ QStringList LostByKind(const CIndicator& document, int scale, std::int32_t kind)
     QStringList lost;
     for (std::size_t row = 0; row < now.RowCount(); ++row) {
         const std::string before = now.Text(row), after = next.Text(row);
-        if (before == after || before == fresh.Text(row) || !now.IsWritten(row)) continue;
+        if (!now.IsWritten(row)) continue;
+        const form::Parameter parameter(now, row);
+        const bool losesLine = !next.IsWritten(row) && now.Info(row).more.use == Use::Line;
+        const bool isSet = before != (losesLine ? parameter.DefaultText() : fresh.Text(row));
+        if (!isSet || (before == after && !losesLine)) continue;
         if (now.Info(row).stem == kSourceStem) {
             lost += Say(texts, say::kLostSource, ShownValue(SourceEntries(now.fields)));
             continue;
         }
-        const form::Parameter parameter(now, row);
         const auto words = [&](const std::string& text) {
             return form::ValueWords(texts, parameter, text, QLocale());
         };
-        lost += Say(texts, say::kLostValue, form::Caption(texts, parameter), words(before), words(after));
+        const QString caption = form::Caption(texts, parameter);
+        lost += losesLine ? Say(texts, say::kLostLine, caption, words(before))
+                          : Say(texts, say::kLostValue, caption, words(before), words(after));
     }
     return lost;
 }

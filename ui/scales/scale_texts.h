@@ -11,6 +11,7 @@ inline constexpr int kChangeKind = 20805;
 inline constexpr int kKeepKind = 20806;
 inline constexpr int kLostSource = 20807;   // {1} source
 inline constexpr int kLostValue = 20808;    // {1} label, {2} before, {3} after
+inline constexpr int kLostLine = 42305;     // {1} label, {2} value
 inline constexpr int kChannel = 20810;      // {1} number
 inline constexpr int kAlsoInScale = 20811;  // {1} source, {2} scale
 inline constexpr int kPort = 20812;         // {1} number

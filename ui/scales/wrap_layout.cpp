@@ -2,15 +2,9 @@
 
 #include <algorithm>
 
-#include "ui/theme/metrics.h"
-
 namespace calyx::ui {
 
-namespace {
-constexpr int kGap = metrics::kHalf;
-}
-
-WrapLayout::WrapLayout(QWidget* parent) : QLayout(parent) {
+WrapLayout::WrapLayout(QWidget* parent, int gap) : QLayout(parent), gap_(gap) {
     setContentsMargins(0, 0, 0, 0);
 }
 
@@ -31,7 +25,7 @@ QLayoutItem* WrapLayout::takeAt(int index) {
 QSize WrapLayout::sizeHint() const {
     int width = 0, height = 0;
     for (const QLayoutItem* item : items_) {
-        width += item->sizeHint().width() + kGap;
+        width += item->sizeHint().width() + gap_;
         height = std::max(height, item->sizeHint().height());
     }
     return {width, height};
@@ -39,7 +33,8 @@ QSize WrapLayout::sizeHint() const {
 
 QSize WrapLayout::minimumSize() const {
     QSize size;
-    for (const QLayoutItem* item : items_) size = size.expandedTo(item->sizeHint());
+    for (const QLayoutItem* item : items_)
+        size = size.expandedTo(item->hasHeightForWidth() ? item->minimumSize() : item->sizeHint());
     return size;
 }
 
@@ -48,17 +43,31 @@ void WrapLayout::setGeometry(const QRect& rect) {
     Arrange(rect, true);
 }
 
+// Words that go on in further lines themselves are no wider than there is room.
+QSize WrapLayout::Size(const QLayoutItem& item, int room) {
+    const QSize size = item.sizeHint();
+    if (!item.hasHeightForWidth()) return size;
+    const int width = std::clamp(size.width(), 1, std::max(1, room));
+    return {width, item.heightForWidth(width)};
+}
+
 int WrapLayout::Arrange(const QRect& rect, bool apply) const {
     int x = rect.left(), y = rect.top(), line = 0;
-    for (QLayoutItem* item : items_) {
-        const QSize size = item->sizeHint();
-        if (x > rect.left() && x + size.width() > rect.right() + 1) {
+    const int end = rect.right() + 1;
+    for (std::size_t i = 0; i < items_.size(); ++i) {
+        QLayoutItem* item = items_[i];
+        QSize size = Size(*item, rect.width());
+        if (x > rect.left() && x + size.width() > end) {
             x = rect.left();
-            y += line + kGap;
+            y += line + gap_;
             line = 0;
         }
+        const bool last = i + 1 == items_.size() ||
+                          x + size.width() + gap_ + Size(*items_[i + 1], rect.width()).width() > end;
+        if (last && item->expandingDirections().testFlag(Qt::Horizontal))
+            size.setWidth(std::max(size.width(), end - x));
         if (apply) item->setGeometry({QPoint(x, y), size});
-        x += size.width() + kGap;
+        x += size.width() + gap_;
         line = std::max(line, size.height());
     }
     return y + line - rect.top();

@@ -3,12 +3,16 @@
 #include <QLayout>
 #include <vector>
 
+#include "ui/theme/metrics.h"
+
 namespace calyx::ui {
 
-// Widgets one after the other, going on in the next line where the width ends.
+// Widgets one after the other, going on in the next line where the width ends. The last one of a line takes
+// what is left of it, if it grows in width.
 class WrapLayout : public QLayout {
   public:
-    explicit WrapLayout(QWidget* parent);
+    // `gap`: between widgets and between lines, in pixels.
+    explicit WrapLayout(QWidget* parent, int gap = metrics::kHalf);
     ~WrapLayout() override;
 
     void addItem(QLayoutItem* item) override { items_.push_back(item); }
@@ -22,8 +26,10 @@ class WrapLayout : public QLayout {
     void setGeometry(const QRect& rect) override;
 
   private:
+    static QSize Size(const QLayoutItem& item, int room);
     int Arrange(const QRect& rect, bool apply) const;  // the height
 
+    int gap_;
     std::vector<QLayoutItem*> items_;
 };
 

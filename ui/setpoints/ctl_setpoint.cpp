@@ -86,7 +86,9 @@ void ctlSetpoint::showEvent(QShowEvent* event) {
 
 void ctlSetpoint::Refresh() {
     stale_ = false;
-    sentence_->setText(Shown(SetpointSentence(All().Item(number_), Texts())));
+    const bool off = All().Item(number_).Values().IsOff();
+    sentence_->setText(off ? Say(Texts(), say::kSetpointOff)
+                           : Shown(SetpointSentence(All().Item(number_), Texts())));
     const auto picture = PictureOf(All(), number_);
     drawing_->setVisible(picture.has_value());
     if (picture) drawing_->Show(*picture);

@@ -13,6 +13,7 @@
 #include "model/setpoints/setpoint_edits.h"
 #include "model/setpoints/setpoint_sentence.h"
 #include "ui/form/choice_controls.h"
+#include "ui/scales/wrap_layout.h"
 #include "ui/setpoints/ctl_setpoint_bar.h"
 #include "ui/setpoints/setpoint_texts.h"
 #include "ui/text.h"
@@ -23,7 +24,7 @@ namespace calyx::ui {
 
 namespace {
 
-constexpr int kFilterWidth = 160;
+constexpr int kFilterWidth = 136;
 constexpr int kSentenceWidth = 320;
 constexpr int kSentenceLines = 2;  // room for most, so that the table does not jump
 
@@ -71,11 +72,10 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
     column->addWidget(noMatch_, 1);
     column->addWidget(problem_);
     column->addWidget(sentence_);
-    auto* below = new QHBoxLayout(below_);
-    below->setContentsMargins(0, 0, 0, 0);
-    below->setSpacing(metrics::kGroups);
+    auto* below = new WrapLayout(below_, metrics::kRelated);
     below->addWidget(MakeButtons(false));
-    below->addWidget(bar_, 1);
+    bar_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    below->addWidget(bar_);
     column->addWidget(below_);
     setTabOrder(checks_.back(), &Grid());
     connect(Grid().selectionModel(), &QItemSelectionModel::currentChanged, this,
@@ -91,7 +91,7 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
 
 // As narrow as the columns can be, so that as much as can be of the sentence is seen.
 void ctlSetpointTable::SetWidths() {
-    constexpr int kCharacters[] = {4, 6, 9, 16, 9, 8, 9, 7, 6, 6};  // of numbers, words and headings
+    constexpr int kCharacters[] = {4, 5, 10, 16, 8, 8, 9, 7, 6, 6};  // of numbers, words and headings
     QFont bold = Grid().font();
     bold.setBold(true);
     const int wide = QFontMetrics(bold).averageCharWidth();
@@ -135,24 +135,29 @@ QWidget* ctlSetpointTable::MakeFilter() {
     count_->setObjectName(QStringLiteral("filterCount"));
     count_->setForegroundRole(role::kQuietText);
     auto* filter = new QWidget;
-    auto* row = new QHBoxLayout(filter);
-    row->setContentsMargins(0, 0, 0, 0);
-    row->setSpacing(metrics::kRelated);
+    auto* wrap = new WrapLayout(filter, metrics::kRelated);
     const auto add = [&](int text, QWidget* control) {
         auto* label = new QLabel(Say(Words(), text));
         label->setBuddy(control);
+        auto* pair = new QWidget;
+        auto* row = new QHBoxLayout(pair);
+        row->setContentsMargins(0, 0, metrics::kRelated, 0);
+        row->setSpacing(metrics::kRelated);
         row->addWidget(label);
         row->addWidget(control);
-        row->addSpacing(metrics::kRelated);
+        wrap->addWidget(pair);
     };
     add(say::kFilterText, text_);
     add(say::kFilterKind, kind_);
-    row->addWidget(MakeCheck(say::kOnlyUsed, say::kOnlyUsedTip, "filterUsed", &SetpointFilter::onlyUsed));
-    row->addWidget(MakeCheck(say::kOnlyBatch, say::kOnlyBatchTip, "filterBatch", &SetpointFilter::onlyBatch));
-    row->addWidget(
+    wrap->addWidget(MakeCheck(say::kOnlyUsed, say::kOnlyUsedTip, "filterUsed", &SetpointFilter::onlyUsed));
+    wrap->addWidget(
+        MakeCheck(say::kOnlyBatch, say::kOnlyBatchTip, "filterBatch", &SetpointFilter::onlyBatch));
+    wrap->addWidget(
         MakeCheck(say::kBatchOrder, say::kBatchOrderTip, "filterOrder", &SetpointFilter::batchOrder));
-    row->addStretch(1);
-    row->addWidget(count_);
+    count_->setMinimumHeight(metrics::kControlHeight);
+    count_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    count_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    wrap->addWidget(count_);
     return filter;
 }
 

@@ -77,5 +77,6 @@ inline constexpr int kSetpointsNoRoom = 40152;  // {1} how many, {2} first numbe
 inline constexpr int kNoSetpointCopied = 40153;
 inline constexpr int kSetpointLinesOdd = 40154;  // {1} lines
 inline constexpr int kClearSeveralStep = 40155;  // {1} how many
+inline constexpr int kSetpointOff = 42306;
 
 }  // namespace calyx::ui::say

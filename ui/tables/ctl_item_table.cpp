@@ -77,7 +77,7 @@ QWidget* ctlItemTable::MakeButtons(bool withClear) {
 QString ctlItemTable::ProblemOf(int number) const {
     if (grid_->Model().rowCount() == 0) return {};
     const std::string& section = grid_->Model().RowAt(0).item.section;
-    for (const BrokenRule& rule : std::as_const(session_).Document().Validate()) {
+    for (const BrokenRule& rule : session_.Problems()) {
         if (rule.section == section && rule.item == number) return Shown(rule.text);
     }
     return {};

@@ -54,10 +54,15 @@ std::string_view IconStrokes(IconName name) {
         case IconName::Fieldbus:  // stations on a line
             return "M 1 8 L 15 8 M 4 8 L 4 5 M 12 8 L 12 5 M 8 8 L 8 11 M 2 1 L 6 1 L 6 5 L 2 5 Z "
                    "M 10 1 L 14 1 L 14 5 L 10 5 Z M 6 11 L 10 11 L 10 15 L 6 15 Z";
+        case IconName::Digital:  // on and off
+            return "M 1 12 L 4 12 L 4 4 L 8 4 L 8 12 L 12 12 L 12 4 L 15 4";
+        case IconName::Analog:  // a wave
+            return "M 1 8 Q 4.5 -4 8 8 Q 11.5 20 15 8";
         case IconName::Custom:  // lines of one's own
             return "M 5 4 L 1 8 L 5 12 M 11 4 L 15 8 L 11 12 M 9 2 L 7 14";
         case IconName::SoftKeys:  // keys below a display
-            return "M 1 2 L 15 2 L 15 9 L 1 9 Z M 1 12 L 5 12 L 5 15 L 1 15 Z M 6 12 L 10 12 L 10 15 L 6 15 Z "
+            return "M 1 2 L 15 2 L 15 9 L 1 9 Z M 1 12 L 5 12 L 5 15 L 1 15 Z M 6 12 L 10 12 L 10 15 L 6 15 "
+                   "Z "
                    "M 11 12 L 15 12 L 15 15 L 11 15 Z";
         case IconName::Lock:
             return "M 3 7 L 13 7 L 13 15 L 3 15 Z M 5 7 L 5 4 Q 5 1 8 1 Q 11 1 11 4 L 11 7 M 8 10 L 8 12";

@@ -14,7 +14,7 @@ enum class IconName {
     New, Open, Save, Undo, Redo, Connect, Send, Read, Compare, Find,         // commands
     Problem, Changed, Differs,                                               // marks on a field
     General, Hardware, Ports, Scales, Setpoints, Tickets, Screens, Prompts,  // sections
-    Boxes, Fieldbus, Custom, SoftKeys, Lock, Database,
+    Boxes, Fieldbus, Custom, SoftKeys, Lock, Database, Digital, Analog,
     Info, Question, Close, Calendar, Previous, Next,
 };
 // clang-format on

@@ -20,10 +20,16 @@ bool Has(const QStyleOption* option, QStyle::StateFlag flag) {
     return option->state.testFlag(flag);
 }
 
+// A button that stays down tells it by its border too, which shows where fills hardly differ.
+bool IsChosenButton(const QStyleOption* option) {
+    return option->type == QStyleOption::SO_Button && Has(option, QStyle::State_On);
+}
+
 // The colour of a control's border: the accent says where typing goes.
 QColor BorderOf(const QStyleOption* option) {
     const bool enabled = Has(option, QStyle::State_Enabled);
-    if (enabled && Has(option, QStyle::State_HasFocus)) return option->palette.color(role::kAccent);
+    if (enabled && (Has(option, QStyle::State_HasFocus) || IsChosenButton(option)))
+        return option->palette.color(role::kAccent);
     return option->palette.color(enabled ? role::kBorder : role::kDivider);
 }
 
@@ -80,11 +86,13 @@ QSize CalyxStyle::sizeFromContents(ContentsType type, const QStyleOption* option
             [[fallthrough]];
         case CT_LineEdit:
         case CT_ComboBox:
-        case CT_SpinBox:
         case CT_PushButton:
         case CT_ItemViewItem:
         case CT_TabBarTab:
             whole.setHeight(std::max(whole.height(), metrics::kControlHeight));
+            return whole;
+        case CT_SpinBox:  // without the room that Fusion's frame takes
+            whole.setHeight(std::max(size.height(), metrics::kControlHeight));
             return whole;
         case CT_MenuItem:
             if (const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
@@ -125,6 +133,8 @@ void CalyxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
             return DrawBox(painter, option, option->rect, Qt::transparent);
         case PE_IndicatorCheckBox:
             return DrawCheckBox(option, painter);
+        case PE_IndicatorRadioButton:
+            return DrawRadioButton(option, painter);
         case PE_PanelButtonCommand:
             return DrawButton(option, painter);
         default:
@@ -132,15 +142,30 @@ void CalyxStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* opt
     }
 }
 
+void CalyxStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+    if (element != CE_ComboBoxLabel || combo == nullptr || combo->editable)
+        return QProxyStyle::drawControl(element, option, painter, widget);
+    // What a narrow box cannot show ends in dots.
+    QStyleOptionComboBox shown = *combo;
+    const QRect room = proxy()->subControlRect(CC_ComboBox, &shown, SC_ComboBoxEditField, widget);
+    const int icon = shown.currentIcon.isNull() ? 0 : shown.iconSize.width() + metrics::kHalf;
+    shown.currentText =
+        painter->fontMetrics().elidedText(shown.currentText, Qt::ElideRight, room.width() - icon - 2);
+    QProxyStyle::drawControl(element, &shown, painter, widget);
+}
+
 void CalyxStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
                                     QPainter* painter, const QWidget* widget) const {
     if (control == CC_ComboBox) return DrawComboBox(option, painter, widget);
+    if (control == CC_SpinBox) return DrawSpinBox(option, painter, widget);
     QProxyStyle::drawComplexControl(control, option, painter, widget);
 }
 
 void CalyxStyle::DrawBox(QPainter* painter, const QStyleOption* option, QRect rect,
                          const QColor& fill) const {
-    const bool focus = Has(option, State_HasFocus) && Has(option, State_Enabled);
+    const bool focus = (Has(option, State_HasFocus) || IsChosenButton(option)) && Has(option, State_Enabled);
     const int width = focus ? stroke_ + 1 : stroke_;
     const double inset = width / 2.0;
     painter->save();
@@ -193,7 +218,7 @@ void CalyxStyle::DrawButton(const QStyleOption* option, QPainter* painter) const
     const bool hover = Has(option, State_MouseOver) && Has(option, State_Enabled);
     if (flat && !pressed && !hover) return;
     DrawBox(painter, option, option->rect,
-            option->palette.color(pressed || hover ? role::kDivider : role::kRaised));
+            option->palette.color(pressed || hover ? role::kHeld : role::kRaised));
 }
 
 void CalyxStyle::DrawComboBox(const QStyleOptionComplex* option, QPainter* painter,
@@ -209,14 +234,57 @@ void CalyxStyle::DrawComboBox(const QStyleOptionComplex* option, QPainter* paint
     DrawArrow(painter, option, proxy()->subControlRect(CC_ComboBox, option, SC_ComboBoxArrow, widget));
 }
 
-void CalyxStyle::DrawArrow(QPainter* painter, const QStyleOption* option, QRect rect) const {
+void CalyxStyle::DrawRadioButton(const QStyleOption* option, QPainter* painter) const {
+    const QPalette& palette = option->palette;
+    const bool enabled = Has(option, State_Enabled), focus = enabled && Has(option, State_HasFocus);
+    const int width = focus ? stroke_ + 1 : stroke_;
+    painter->save();
+    painter->setRenderHint(QPainter::Antialiasing);
+    const double inset = width / 2.0;
+    const QRectF rect = QRectF(option->rect).adjusted(inset, inset, -inset, -inset);
+    painter->setPen(QPen(BorderOf(option), width));
+    painter->setBrush(palette.color(role::kField));
+    painter->drawEllipse(rect);
+    if (Has(option, State_On)) {
+        const double dot = rect.width() * 0.27;
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(palette.color(enabled ? role::kAccent : role::kQuietText));
+        painter->drawEllipse(rect.adjusted(dot, dot, -dot, -dot));
+    }
+    painter->restore();
+}
+
+void CalyxStyle::DrawSpinBox(const QStyleOptionComplex* option, QPainter* painter,
+                             const QWidget* widget) const {
+    const auto* spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+    if (spin == nullptr || spin->frame)
+        DrawBox(painter, option, option->rect, option->palette.color(role::kField));
+    if (spin != nullptr && spin->buttonSymbols == QAbstractSpinBox::NoButtons) return;
+    for (const bool up : {true, false}) {
+        const SubControl part = up ? SC_SpinBoxUp : SC_SpinBoxDown;
+        const QRect rect = proxy()->subControlRect(CC_SpinBox, option, part, widget);
+        const auto step = up ? QAbstractSpinBox::StepUpEnabled : QAbstractSpinBox::StepDownEnabled;
+        QStyleOption arrow = *option;
+        const bool can = spin == nullptr || spin->stepEnabled.testFlag(step);
+        arrow.state.setFlag(State_Enabled, can && Has(option, State_Enabled));
+        if (can && option->activeSubControls == part && Has(option, State_Enabled)) {
+            const QRect held =
+                rect.intersected(option->rect.adjusted(stroke_ + 1, stroke_ + 1, -stroke_ - 1, -stroke_ - 1));
+            painter->fillRect(held, option->palette.color(role::kHeld));
+        }
+        DrawArrow(painter, &arrow, rect, up);
+    }
+}
+
+void CalyxStyle::DrawArrow(QPainter* painter, const QStyleOption* option, QRect rect, bool up) const {
     painter->save();
     painter->setRenderHint(QPainter::Antialiasing);
     const auto part = Has(option, State_Enabled) ? role::kIcon : role::kQuietText;
     painter->setPen(QPen(option->palette.color(part), 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     const QPointF centre = QRectF(rect).center();
+    const double half = std::min(4.0, rect.width() / 4.0), rise = up ? -half / 2 : half / 2;
     painter->drawPolyline(
-        QPolygonF{centre + QPointF(-4, -2), centre + QPointF(0, 2), centre + QPointF(4, -2)});
+        QPolygonF{centre + QPointF(-half, -rise), centre + QPointF(0, rise), centre + QPointF(half, -rise)});
     painter->restore();
 }
 

@@ -25,6 +25,8 @@ class CalyxStyle : public QProxyStyle {
                          const QWidget* widget) const override;
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override;
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override;
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override;
 
@@ -33,7 +35,9 @@ class CalyxStyle : public QProxyStyle {
     void DrawCheckBox(const QStyleOption* option, QPainter* painter) const;
     void DrawButton(const QStyleOption* option, QPainter* painter) const;
     void DrawComboBox(const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const;
-    void DrawArrow(QPainter* painter, const QStyleOption* option, QRect rect) const;
+    void DrawRadioButton(const QStyleOption* option, QPainter* painter) const;
+    void DrawSpinBox(const QStyleOptionComplex* option, QPainter* painter, const QWidget* widget) const;
+    void DrawArrow(QPainter* painter, const QStyleOption* option, QRect rect, bool up = false) const;
 
     int stroke_;
 };

@@ -10,6 +10,7 @@ const Tokens& LightTokens() {
         {"#ffffff", "#f5f6f7", "#e9ecee", "#d5dade", "#848d95", "#57616a", "#333b43", "#12171c"},
         "#0b6484",
         "#ffffff",
+        "#d5dade",
         "#b3261e",
         1};
     return tokens;
@@ -20,6 +21,7 @@ const Tokens& DarkTokens() {
         {"#12161a", "#1b2025", "#282e35", "#39414a", "#6f7a85", "#a4aeb8", "#c9d1d8", "#f0f3f5"},
         "#63c1de",
         "#06222c",
+        "#39414a",
         "#ff9b8f",
         1};
     return tokens;
@@ -30,6 +32,7 @@ const Tokens& HighContrastTokens() {
         {"#ffffff", "#ffffff", "#efefef", "#5c5c5c", "#000000", "#2b2b2b", "#000000", "#000000"},
         "#00406b",
         "#ffffff",
+        "#c9dbe8",
         "#8a0000",
         2};
     return tokens;
@@ -43,7 +46,7 @@ QPalette PaletteOf(const Tokens& tokens) {
     palette.setColor(role::kRaised, grey[2]);
     palette.setColor(QPalette::Button, grey[2]);
     palette.setColor(role::kDivider, grey[3]);
-    palette.setColor(QPalette::Midlight, grey[3]);
+    palette.setColor(role::kHeld, tokens.held);
     palette.setColor(QPalette::Light, grey[2]);
     palette.setColor(role::kBorder, grey[4]);
     palette.setColor(role::kQuietText, grey[5]);

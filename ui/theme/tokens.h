@@ -13,6 +13,7 @@ struct Tokens {
     std::array<QColor, 8> grey;
     QColor accent;    // focus, selection, links
     QColor onAccent;  // text and ticks on the accent
+    QColor held;      // behind text on what is pressed, chosen or pointed at
     QColor problem;   // text and icons of problems; always with a mark or words beside it
     int stroke = 1;   // borders, in pixels
 };
@@ -28,10 +29,10 @@ QPalette PaletteOf(const Tokens& tokens);
 namespace role {
 inline constexpr QPalette::ColorRole kField = QPalette::Base, kWindow = QPalette::Window,
                                      kRaised = QPalette::AlternateBase, kDivider = QPalette::Mid,
-                                     kBorder = QPalette::Dark, kQuietText = QPalette::PlaceholderText,
-                                     kIcon = QPalette::Shadow, kText = QPalette::WindowText,
-                                     kAccent = QPalette::Highlight, kOnAccent = QPalette::HighlightedText,
-                                     kProblem = QPalette::BrightText;
+                                     kHeld = QPalette::Midlight, kBorder = QPalette::Dark,
+                                     kQuietText = QPalette::PlaceholderText, kIcon = QPalette::Shadow,
+                                     kText = QPalette::WindowText, kAccent = QPalette::Highlight,
+                                     kOnAccent = QPalette::HighlightedText, kProblem = QPalette::BrightText;
 }  // namespace role
 
 // Contrast of two colours after WCAG 2: 1 (none) to 21 (black on white).

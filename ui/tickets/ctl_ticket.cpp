@@ -80,6 +80,7 @@ ctlTicket::ctlTicket(DocumentSession& session, const ItemRef& ticket, const Page
     column->addWidget(sides);
     setFocusProxy(control_->Text());
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(false); });
+    connect(&session_, &DocumentSession::Settled, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Replaced, this, [this] { Follow(true); });
     Refresh();

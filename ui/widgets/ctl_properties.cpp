@@ -42,13 +42,13 @@ ctlProperties::ctlProperties(DocumentSession& session, ScreenState& state, Scree
     help_->setAlignment(Qt::AlignTop | Qt::AlignLeft);
     constexpr int kHelpLines = 3;
     help_->setMinimumHeight(kHelpLines * help_->fontMetrics().lineSpacing());
-    help_->setVisible(settings_.DispShowDescription);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(metrics::kHalf);
     column->addWidget(heading_);
     column->addWidget(area_, 1);
     column->addWidget(help_);
+    help_->setVisible(settings_.DispShowDescription);
     column->addWidget(MakeSwitches());
     connect(&state_, &ScreenState::ChosenChanged, this, &ctlProperties::Follow);
     connect(&state_, &ScreenState::WidgetsChanged, this, &ctlProperties::Follow);

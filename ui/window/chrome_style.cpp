@@ -188,7 +188,7 @@ void ChromeStyle::DrawMenuTitle(const QStyleOption* option, QPainter* painter) {
     const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
     if (item == nullptr) return;
     const bool open = Has(option, State_Selected);
-    painter->fillRect(item->rect, item->palette.color(open ? role::kDivider : role::kWindow));
+    painter->fillRect(item->rect, item->palette.color(open ? role::kHeld : role::kWindow));
     painter->setPen(item->palette.color(role::kText));
     painter->drawText(item->rect, Qt::AlignCenter | Qt::TextShowMnemonic | Qt::TextSingleLine, item->text);
 }

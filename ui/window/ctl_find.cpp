@@ -51,6 +51,7 @@ ctlFind::ctlFind(DocumentSession& session, QWidget* window)
     list_->setFrameShape(QFrame::NoFrame);
     list_->setFocusPolicy(Qt::NoFocus);  // the keys stay with the box
     list_->setUniformItemSizes(true);
+    list_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     note_->setForegroundRole(role::kQuietText);
     note_->setFont(TextFont(TextSize::Small));
@@ -68,6 +69,7 @@ ctlFind::ctlFind(DocumentSession& session, QWidget* window)
     const auto stale = [this] { stale_ = true; };
     connect(&session_, &DocumentSession::Changed, this, stale);
     connect(&session_, &DocumentSession::Replaced, this, stale);
+    connect(&session_, &DocumentSession::Settled, this, stale);
     connect(&session_, &DocumentSession::Saved, this, stale);
     connect(this, &QLineEdit::textEdited, this, &ctlFind::Search);
     connect(list_, &QListView::clicked, this, &ctlFind::Choose);
@@ -103,7 +105,8 @@ Finder::Marks ctlFind::Marks() const {
     Finder::Marks marks;
     const ChangeSet sinceSave = session_.ChangesSinceSave();
     for (const Change& change : sinceSave.Changes()) marks.changed.insert(Upper(change.key));
-    for (const BrokenRule& rule : session_.Document().Validate()) marks.problems.insert(Upper(rule.key));
+    session_.Settle();
+    for (const BrokenRule& rule : session_.Problems()) marks.problems.insert(Upper(rule.key));
     return marks;
 }
 

@@ -12,7 +12,8 @@ namespace calyx::ui {
 
 namespace {
 
-constexpr int kWidth = 208;
+constexpr int kWidth = 208, kNarrowest = 176;
+constexpr int kIndent = 12;
 
 }  // namespace
 
@@ -23,7 +24,8 @@ ctlNavigation::ctlNavigation(const ResourceTexts& texts, Settings& settings)
     setHeaderHidden(true);
     setItemDelegate(new PlaceDelegate(this));
     setFrameShape(QFrame::NoFrame);
-    setIndentation(metrics::kGroups);
+    setIndentation(kIndent);
+    setMinimumWidth(kNarrowest);
     setUniformRowHeights(true);
     setExpandsOnDoubleClick(false);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

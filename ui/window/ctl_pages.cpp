@@ -17,6 +17,7 @@ ctlPages::ctlPages(DocumentSession& session, PageTools tools)
       tools_(std::move(tools)),
       heading_(new QLabel),
       divider_(new QWidget),
+      note_(new ctlNote(session)),
       stack_(new QStackedWidget) {
     setObjectName(QStringLiteral("ctlPages"));
     heading_->setObjectName(QStringLiteral("pageHeading"));
@@ -30,8 +31,10 @@ ctlPages::ctlPages(DocumentSession& session, PageTools tools)
     divider_->setFixedHeight(1);
     divider_->setAutoFillBackground(true);
     column->addLayout(head);
+    column->addWidget(note_);
     column->addWidget(divider_);
     column->addWidget(stack_, 1);
+    connect(note_, &ctlNote::UndoWanted, this, &ctlPages::UndoWanted);
 }
 
 void ctlPages::Show(const Place& place) {
@@ -75,8 +78,6 @@ const Page& ctlPages::PageOf(const Place& place) {
     if (found != pages_.end()) return found->second;
     const PageEvents events{[this](const QString& key) { emit KeyFocused(key); },
                             [this](const QString& key) { emit ShowInLines(key); },
-                            [this] { emit OpenWanted(); },
-                            [this] { emit ReadWanted(); },
                             [this](const QString& key) { emit ParameterWanted(key); },
                             [this](const auto& item) { emit ItemShown(item); }};
     const Page page = MakePageOf(session_, place, tools_, events);

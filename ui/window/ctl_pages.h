@@ -3,6 +3,7 @@
 #include <QWidget>
 #include <map>
 
+#include "ui/window/ctl_note.h"
 #include "ui/window/page_factory.h"
 
 class QLabel;
@@ -29,9 +30,8 @@ class ctlPages : public QWidget {
   signals:
     void KeyFocused(const QString& key);
     void ShowInLines(const QString& key);
-    void OpenWanted();
-    void ReadWanted();
     void ParameterWanted(const QString& key);
+    void UndoWanted();
     void ItemShown(const std::optional<calyx::ui::ItemRef>& item);
 
   private:
@@ -45,6 +45,7 @@ class ctlPages : public QWidget {
     std::set<std::string> differing_;
     QLabel* heading_;
     QWidget* divider_;  // seen when the page is scrolled below the heading
+    ctlNote* note_;
     QStackedWidget* stack_;
 };
 

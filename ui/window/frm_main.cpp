@@ -33,13 +33,11 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
       link_(app, session_, files_, dialogs, desk_, this),
       actions_(new MainActions(app.model.texts, this)),
       navigation_(new ctlNavigation(app.model.texts, app.settings)),
-      pages_(
-          new ctlPages(session_, {[this](const Question& question) { return dialogs_.Ask(this, question); },
-                                  app.folders.userData + "streams.ini",
-                                  [this](const FileQuestion& question) {
-                                      return dialogs_.AskOpenFile(this, question);
-                                  },
-                                  &app.settings, app.ticketTokens})),
+      pages_(new ctlPages(
+          session_, {[this](const Question& question) { return dialogs_.Ask(this, question); },
+                     app.folders.userData + "streams.ini",
+                     [this](const FileQuestion& question) { return dialogs_.AskOpenFile(this, question); },
+                     &app.settings, app.ticketTokens})),
       lines_(new ctlLines(session_)),
       panes_(new ctlPanes(session_)),
       find_(new ctlFind(session_, this)),
@@ -155,9 +153,8 @@ void frmMain::ConnectViews() {
         ShowLines(true);
         lines_->SelectKey(key);
     });
-    connect(pages_, &ctlPages::OpenWanted, actions_->fileOpen, &QAction::trigger);
-    connect(pages_, &ctlPages::ReadWanted, actions_->linkRead, &QAction::trigger);
     connect(pages_, &ctlPages::ParameterWanted, this, &frmMain::ShowParameter);
+    connect(pages_, &ctlPages::UndoWanted, this, &frmMain::Undo);
     connect(pages_, &ctlPages::ItemShown, lines_, &ctlLines::SetItem);
     connect(lines_, &ctlLines::Chosen, this, [this](const QString& key) { pages_->FocusKey(key); });
     connect(lines_, &ctlLines::Told, status_, &ctlStatus::ShowMessage);

@@ -43,10 +43,10 @@ void HitDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
     painter->restore();
 }
 
-QSize HitDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const {
+QSize HitDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex&) const {
     const int height = QFontMetrics(TextFont(TextSize::Body)).height() +
                        QFontMetrics(TextFont(TextSize::Small)).height() + 2 * kLead;
-    return {option.rect.width(), height};
+    return {0, height};  // as wide as the list
 }
 
 }  // namespace calyx::ui

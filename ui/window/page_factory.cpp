@@ -22,19 +22,10 @@
 #include "ui/tickets/ctl_ticket_table.h"
 #include "ui/tickets/ticket_drafts.h"
 #include "ui/widgets/ctl_screens.h"
-#include "ui/window/ctl_kept_page.h"
 
 namespace calyx::ui {
 
 namespace {
-
-Page MakeKept(DocumentSession& session, const Place& place, const PageEvents& events) {
-    auto* page = new ctlKeptPage(session, place);
-    QObject::connect(page, &ctlKeptPage::KeyFocused, page, events.keyFocused);
-    QObject::connect(page, &ctlKeptPage::OpenWanted, page, events.openWanted);
-    QObject::connect(page, &ctlKeptPage::ReadWanted, page, events.readWanted);
-    return {page, [page](const QString& key) { return page->FocusKey(key); }, [](const auto&) {}};
-}
 
 // Stems of parameters that the section has on pages of their own.
 std::vector<std::string> StemsElsewhere(const CIndicator& document, const Place& place) {
@@ -213,7 +204,6 @@ Page MakePageOf(DocumentSession& session, const Place& place, const PageTools& t
     if (place.section == "widgets") return MakeScreens(session, tools, events);
     if (place.section == "tickets") return MakeTickets(session, place, tools, events);
     if (!place.kinds.empty()) return MakeCollection(session, place, tools, events);
-    if (!HasForm(session.Document(), whole)) return MakeKept(session, place, events);
     return MakeForm(session, whole, events, StemsElsewhere(std::as_const(session).Document(), place));
 }
 

@@ -38,14 +38,11 @@ struct PageTools {
 struct PageEvents {
     std::function<void(const QString& key)> keyFocused;
     std::function<void(const QString& key)> showInLines;
-    std::function<void()> openWanted;
-    std::function<void()> readWanted;
     std::function<void(const QString& key)> parameterWanted;
     std::function<void(const std::optional<ItemRef>& item)> itemShown;  // of a collection; nothing: its list
 };
 
-// A form made of the section's rows; a list of items for a collection; the kept lines where the section
-// has no rows.
+// A form made of the section's rows, a list of items for a collection, or an editor of its own.
 Page MakePageOf(DocumentSession& session, const Place& place, const PageTools& tools,
                 const PageEvents& events);
 

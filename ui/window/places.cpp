@@ -45,7 +45,7 @@ constexpr Place kConfiguration[] = {
     {"general", 2100, IconName::General},
     {"hardware", 2121, IconName::Hardware, {}, {}, {}, 0, PlaceLook::Board},
     {"hardware", say::kPorts, IconName::Ports, kPortKeys, kPortKinds, kPortColumns},
-    {"hardware", say::kDigital, IconName::Ports, kDigitalKeys, {}, {}, 0, PlaceLook::DigitalPoints},
+    {"hardware", say::kDigital, IconName::Digital, kDigitalKeys, {}, {}, 0, PlaceLook::DigitalPoints},
 };
 constexpr Place kWeighing[] = {
     {"scales", 2122, IconName::Scales, {}, kScaleKinds, kScaleColumns},
@@ -55,7 +55,7 @@ constexpr Place kWeighing[] = {
 constexpr Place kOutput[] = {
     {"tickets", 2123, IconName::Tickets, {}, kTicketKinds, kTicketColumns},
     {"widgets", 2124, IconName::Screens},
-    {"hardware", say::kAnalog, IconName::Ports, kAnalogKeys, kAnalogKinds, kAnalogColumns, say::kNoAnalog},
+    {"hardware", say::kAnalog, IconName::Analog, kAnalogKeys, kAnalogKinds, kAnalogColumns, say::kNoAnalog},
     {"fieldbuscards", 2128, IconName::Fieldbus, {}, kFieldbusKinds, kFieldbusColumns, say::kNoFieldbus},
 };
 constexpr Place kOperator[] = {

@@ -32,7 +32,7 @@ class ThemeTest : public QObject {
         QFETCH(Tokens, tokens);
         QFETCH(double, least);
         const QPalette palette = PaletteOf(tokens);
-        for (const auto ground : {role::kField, role::kWindow, role::kRaised}) {
+        for (const auto ground : {role::kField, role::kWindow, role::kRaised, role::kHeld}) {
             for (const auto text : {role::kText, role::kQuietText, role::kIcon, role::kProblem,
                                     QPalette::Link, QPalette::Text, QPalette::ButtonText}) {
                 for (const auto group : {QPalette::Active, QPalette::Inactive, QPalette::Disabled}) {

@@ -33,6 +33,7 @@ inline constexpr int kReadBack = 41686;
 inline constexpr int kDone = 41687;  // accepted, cannot be read back
 inline constexpr int kRefused = 41688;
 inline constexpr int kNoAnswer = 41689;
+inline constexpr int kHeldBack = 42011;
 inline constexpr int kOther = 41690;  // {1} what was read back
 inline constexpr int kMissing = 41691;
 inline constexpr int kNotSentYet = 41692;

@@ -38,6 +38,11 @@ std::string ValueOf(const std::string& line) {
     return equals == std::string::npos ? std::string() : line.substr(equals + 1);
 }
 
+int FailedState(LineFate fate) {
+    if (fate == LineFate::HeldBack) return kHeldBack;
+    return fate == LineFate::Refused ? kRefused : kNoAnswer;
+}
+
 }  // namespace
 
 ctlSendLines::ctlSendLines(const CIndicator& document, QWidget* parent)
@@ -270,7 +275,7 @@ void ctlSendLines::Mark(LineFate fate) {
     if (fate == LineFate::Accepted) {
         SetState(line, Say(texts_, kAccepted), Sign::None);
     } else {
-        SetState(line, Say(texts_, fate == LineFate::Refused ? kRefused : kNoAnswer), Sign::Bad);
+        SetState(line, Say(texts_, FailedState(fate)), Sign::Bad);
     }
     if (!line.item->isHidden()) scrollToItem(line.item);
 }
@@ -292,8 +297,8 @@ void ctlSendLines::ShowReport(const SafeSendReport& report) {
                 break;
             case LineFate::Refused:
             case LineFate::Unanswered:
-                SetState(line, Say(texts_, result.fate == LineFate::Refused ? kRefused : kNoAnswer),
-                         Sign::Bad);
+            case LineFate::HeldBack:
+                SetState(line, Say(texts_, FailedState(result.fate)), Sign::Bad);
                 break;
             case LineFate::Accepted:
                 if (result.green)
