@@ -32,3 +32,29 @@ build() {
   rm -f "build-$1.log"
   cmake --build --preset "$1"
 }
+
+# in_wine PREFIX COMMAND...: runs it with this prefix and no questions, for five minutes at most.
+in_wine() {
+  local prefix=$1
+  shift
+  env WINEPREFIX="$(realpath -m "$prefix")" WINEDEBUG=-all WINEDLLOVERRIDES="mscoree,mshtml=" LC_ALL=C.UTF-8 \
+    timeout 300 "$@" </dev/null >/dev/null 2>&1
+}
+
+# start_wine PREFIX: makes the prefix if need be and starts what stays in the background. Later that would
+# hold the pipe of whoever started it, and nobody would see its end.
+start_wine() {
+  mkdir -p "$1"
+  if [ ! -e "$1/system.reg" ]; then
+    say "Setting up Wine ..."
+    in_wine "$1" wine wineboot -i || { say "Wine does not start."; return 1; }
+    in_wine "$1" wineserver -w || true
+  fi
+  in_wine "$1" wineserver -p || true
+  in_wine "$1" wine cmd /c exit || { say "Wine does not start."; return 1; }
+  rm -f "$1"/dosdevices/com*  # tests reach no real device
+}
+
+stop_wine() {
+  in_wine "$1" wineserver -k || true
+}

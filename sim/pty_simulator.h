@@ -15,6 +15,9 @@ struct SerialOptions {
     bool paced = false;                   // bytes take their time, as the rate says
 };
 
+// Whether this system has pseudo-terminals; Windows has none.
+bool HasPseudoTerminals();
+
 // A simulated indicator on a pseudo-terminal of this machine, served by one thread of its own: the host opens
 // Path() as a serial port. Rate and parity count; a pseudo-terminal has no data and stop bits. The wire is
 // never closed from this side but by Stop and by the fault drop, after which nothing answers any more.
@@ -25,8 +28,8 @@ class PtySimulator {
   public:
     using Report = std::function<void(const std::string&)>;
 
-    // Raises std::invalid_argument (settings), std::system_error (no pseudo-terminals on this system) and
-    // what Simulator raises.
+    // Raises std::invalid_argument (settings), std::runtime_error (no pseudo-terminal) and what Simulator
+    // raises.
     explicit PtySimulator(SimulatorOptions options, SerialOptions serial = {}, Report report = {});
     ~PtySimulator();
     PtySimulator(const PtySimulator&) = delete;

@@ -37,7 +37,10 @@ tcp::acceptor Listen(asio::io_context& io, std::uint16_t port) {
     acceptor.set_option(tcp::acceptor::reuse_address(true), ignored);  // for the next start on this port
     if (!error) acceptor.listen(tcp::acceptor::max_listen_connections, error);
     if (error) {
-        const std::error_code why(error.value(), std::system_category());  // comparable with std::errc
+        // Comparable with std::errc, which Windows' own number is not.
+        const std::error_code why = error == asio::error::address_in_use
+                                        ? std::make_error_code(std::errc::address_in_use)
+                                        : std::error_code(error.value(), std::system_category());
         throw std::system_error(why, "cannot listen on 127.0.0.1:" + std::to_string(port));
     }
     return acceptor;

@@ -91,13 +91,14 @@ void CHardware::RestoreState(Dictionary& lines, ReadReport& report) {
 
 void CHardware::MakeRoom() {
     const auto make = [&](auto& objects, int number) {
-        const auto [place, isNew] = objects.try_emplace(number, Context());
-        if (!isNew) return;
-        if constexpr (requires { place->second.InitializeLike(place->second, number); }) {
-            if (place != objects.begin())
-                return place->second.InitializeLike(std::prev(place)->second, number);
+        const auto made = objects.try_emplace(number, Context());
+        if (!made.second) return;
+        auto& object = made.first->second;
+        if constexpr (requires { object.InitializeLike(object, number); }) {
+            if (made.first != objects.begin())
+                return object.InitializeLike(std::prev(made.first)->second, number);
         }
-        place->second.Initialize(number);
+        object.Initialize(number);
     };
     for (int port = 1; port <= kBoardPorts; ++port) make(ports_, port);
     make(digital_, kMainBoard);

@@ -53,6 +53,10 @@ struct Ends {
 
 }  // namespace
 
+bool HasPseudoTerminals() {
+    return access("/dev/ptmx", R_OK | W_OK) == 0;
+}
+
 class PtySimulator::Line : public Service {
   public:
     Line(SimulatorOptions options, const SerialOptions& serial, Report report)

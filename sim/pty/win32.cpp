@@ -1,14 +1,19 @@
-#include <system_error>
+#include <stdexcept>
 
 #include "sim/pty_simulator.h"
+#include "sim/serial/settings.h"
 
 namespace calyx::sim {
 
 class PtySimulator::Line {};
 
-PtySimulator::PtySimulator(SimulatorOptions, SerialOptions, Report) {
-    throw std::system_error(std::make_error_code(std::errc::not_supported),
-                            "this system has no pseudo-terminals; use TCP");
+bool HasPseudoTerminals() {
+    return false;
+}
+
+PtySimulator::PtySimulator(SimulatorOptions, SerialOptions serial, Report) {
+    ReadSerialSettings(serial.settings);
+    throw std::runtime_error("this system has no pseudo-terminals; use TCP or a serial port");
 }
 
 PtySimulator::~PtySimulator() = default;

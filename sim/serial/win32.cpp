@@ -1,3 +1,4 @@
+#include <cstring>
 #include <system_error>
 
 #include "sim/serial/device.h"
@@ -13,6 +14,7 @@ void OpenDevice(asio::serial_port& port, const std::string& device, const Serial
     DCB line{};
     line.DCBlength = sizeof(line);
     bool done = GetCommState(handle, &line) != 0;
+    const DCB present = line;
     line.BaudRate = static_cast<DWORD>(settings.baud);
     line.ByteSize = static_cast<BYTE>(settings.dataBits);
     line.StopBits = settings.stopBits == 2 ? TWOSTOPBITS : ONESTOPBIT;
@@ -23,7 +25,8 @@ void OpenDevice(asio::serial_port& port, const std::string& device, const Serial
     line.fErrorChar = line.fNull = line.fAbortOnError = FALSE;
     line.fDtrControl = DTR_CONTROL_ENABLE;
     line.fRtsControl = RTS_CONTROL_ENABLE;
-    done = done && SetCommState(handle, &line) != 0;
+    // What is set already is not set again: some systems refuse that.
+    done = done && (std::memcmp(&present, &line, sizeof(line)) == 0 || SetCommState(handle, &line) != 0);
     if (!done) throw std::system_error(static_cast<int>(GetLastError()), std::system_category(), device);
     PurgeComm(handle, PURGE_RXCLEAR | PURGE_TXCLEAR);
 }

@@ -25,7 +25,7 @@ TEST_F(BadInput, EndsWithTheNumberOfWhatIsWrong) {
     Put("edited.mrn", edited);
     Put("empty.mrn", "");
     Put("long.mrn", "UID=" + std::string(1 << 20, 'x'));
-    Put("nul.mrn", std::string("UID=1\0\r\nTRUCK=\0OFF", 18));
+    Put("zeros.mrn", std::string("UID=1\0\r\nTRUCK=\0OFF", 18));
     Put("foreign.mrn", "\x89PNG\r\n\x1A\nIHDR\xFF\xFE=");
     Put("revision.mrn", Around("UID=1\r\n", "2.09.1"));
     Put("version.mrn", Around("VERSION=V2.08.01\r\n", "3.10.0"));
@@ -36,7 +36,7 @@ TEST_F(BadInput, EndsWithTheNumberOfWhatIsWrong) {
     const std::vector<std::pair<std::string, std::string>> kNumbers{
         {"missing.mrn", "10004 (0x80042714)"},  {"user", "20003 (0x80044E23)"},
         {"empty.mrn", "10012 (0x8004271C)"},    {"long.mrn", "10012 (0x8004271C)"},
-        {"nul.mrn", "10012 (0x8004271C)"},      {"foreign.mrn", "10012 (0x8004271C)"},
+        {"zeros.mrn", "10012 (0x8004271C)"},    {"foreign.mrn", "10012 (0x8004271C)"},
         {"many.mrn", "10012 (0x8004271C)"},     {"edited.mrn", "10005 (0x80042715)"},
         {"revision.mrn", "15000 (0x80043A98)"}, {"version.mrn", "15001 (0x80043A99)"},
     };
@@ -55,7 +55,7 @@ TEST_F(BadInput, EndsWithTheNumberOfWhatIsWrong) {
         EXPECT_EQ(Run("set ~" + file + " UID=5").code, 3) << file;
         EXPECT_EQ(Exists(file) && file != "user" ? Read(file) : "", before) << file;
     }
-    for (const auto* file : {"empty.mrn", "long.mrn", "nul.mrn", "foreign.mrn", "many.mrn", "edited.mrn",
+    for (const auto* file : {"empty.mrn", "long.mrn", "zeros.mrn", "foreign.mrn", "many.mrn", "edited.mrn",
                              "revision.mrn", "version.mrn"}) {
         const Ran ran = Run(std::string("check --skip-checks ~") + file);
         EXPECT_TRUE(ran.code == 0 || ran.code == 1) << file << '\n' << ran.err;

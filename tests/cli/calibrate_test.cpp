@@ -191,7 +191,7 @@ TEST_F(SafeCommands, TheTerminalSendsLinesAndMacros) {
 }
 
 TEST_F(SafeCommands, SerialLines) {
-    if (!std::filesystem::exists("/dev/ptmx")) GTEST_SKIP() << "no pseudo-terminals here";
+    if (!sim::HasPseudoTerminals()) GTEST_SKIP() << "this system has no pseudo-terminals";
     const sim::PtySimulator bus({.address = 7}, {.settings = "57600,N,8,1"});
     const std::string link = "--serial " + bus.Path() + " --delay-ms 20 ";
     Expect({{"connect " + link + "--settings 57600,N,8,1 --address 7", 0, bus.Path() + ":57600,N,8,1\n", ""},

@@ -45,6 +45,13 @@ struct SerialLink {
     }
 };
 
+class Serial : public ::testing::Test {
+  protected:
+    void SetUp() override {
+        if (!sim::HasPseudoTerminals()) GTEST_SKIP() << "this system has no pseudo-terminals";
+    }
+};
+
 TEST(PortSettings, AreReadStrictly) {
     using enum PortSettings::Parity;
     EXPECT_EQ(ReadPortSettings("9600,N,8,1"), (PortSettings{9600, None, 8, 1}));
@@ -55,7 +62,7 @@ TEST(PortSettings, AreReadStrictly) {
         EXPECT_FALSE(ReadPortSettings(wrong)) << wrong;
 }
 
-TEST(Serial, ADownloadComesBackByUpload) {
+TEST_F(Serial, ADownloadComesBackByUpload) {
     sim::PtySimulator simulator({}, {.settings = "115200,N,8,1"});
     SerialLink test(simulator.Path(), "115200,N,8,1");
     test.Connect();
@@ -79,7 +86,7 @@ TEST(Serial, ADownloadComesBackByUpload) {
     EXPECT_EQ(test.events.told.back(), "disconnected");
 }
 
-TEST(Serial, OnlyTheRightRateAndParityAreUnderstood) {
+TEST_F(Serial, OnlyTheRightRateAndParityAreUnderstood) {
     for (const auto* set : {"19200,N,8,1", "19200,O,7,1"}) {
         sim::PtySimulator simulator({}, {.settings = set});
         for (const auto* tried : {"19200,N,8,1", "19200,E,7,1", "19200,O,7,1"}) {
@@ -97,7 +104,7 @@ TEST(Serial, OnlyTheRightRateAndParityAreUnderstood) {
     }
 }
 
-TEST(Serial, DetectionFindsTheSettingsAndKeepsThem) {
+TEST_F(Serial, DetectionFindsTheSettingsAndKeepsThem) {
     sim::PtySimulator simulator({}, {.settings = "9600,O,7,1"});
     SerialLink test(simulator.Path(), "300,N,8,1");
     ASSERT_TRUE(test.link->AutoDetect());
@@ -118,7 +125,7 @@ TEST(Serial, DetectionFindsTheSettingsAndKeepsThem) {
     EXPECT_EQ(again.events.tried, std::vector<std::string>{"9600,O,7,1"});
 }
 
-TEST(Serial, EveryAddressGoesThroughEightBits) {
+TEST_F(Serial, EveryAddressGoesThroughEightBits) {
     for (const int address : {3, 10, 13, 17, 255}) {
         SCOPED_TRACE(address);
         sim::PtySimulator simulator({.address = address}, {.settings = "38400,N,8,1"});
@@ -134,7 +141,7 @@ TEST(Serial, EveryAddressGoesThroughEightBits) {
     }
 }
 
-TEST(Serial, StreamingIsFoundAndDetectionEnds) {
+TEST_F(Serial, StreamingIsFoundAndDetectionEnds) {
     sim::PtySimulator simulator({.faults = {"stream:20"}}, {.settings = "9600,N,8,1"});
     SerialLink test(simulator.Path(), "9600,N,8,1");
     EXPECT_TRUE(test.link->CheckForStreaming());
@@ -144,7 +151,7 @@ TEST(Serial, StreamingIsFoundAndDetectionEnds) {
     EXPECT_TRUE(test.events.tried.empty());
 }
 
-TEST(Serial, WhatCannotBeOpenedIsSaidInWords) {
+TEST_F(Serial, WhatCannotBeOpenedIsSaidInWords) {
     sim::PtySimulator simulator({}, {.settings = "9600,N,8,1"});
     SerialLink holds(simulator.Path(), "9600,N,8,1");
     holds.Connect();
@@ -165,8 +172,16 @@ TEST(Serial, WhatCannotBeOpenedIsSaidInWords) {
     }
 }
 
+TEST(SerialPort, OneThatIsNotThereIsSaidInWords) {
+    SerialLink test("no-such-port", "9600,N,8,1");
+    const Error error = Raised([&] { test.link->Connect(); });
+    EXPECT_EQ(error.Code(), code::kLink);
+    EXPECT_NE(error.Description().find("no-such-port"), std::string::npos) << error.Description();
+    EXPECT_FALSE(test.link->Connected());
+}
+
 // The other end of the line is pulled out while an answer is awaited.
-TEST(Serial, ALineThatEndsIsLost) {
+TEST_F(Serial, ALineThatEndsIsLost) {
     auto simulator = std::make_unique<sim::PtySimulator>(sim::SimulatorOptions{});
     SerialLink test(simulator->Path(), "9600,N,8,1");
     test.Connect();

@@ -35,6 +35,20 @@ class PosixFiles : public ::testing::Test {
     FileStore files_;
 };
 
+// The process may open no file for a while. Sanitizers need files to look at an exception.
+class NoMoreFiles {
+  public:
+    NoMoreFiles() {
+        getrlimit(RLIMIT_NOFILE, &before_);
+        const rlimit none{0, before_.rlim_max};
+        setrlimit(RLIMIT_NOFILE, &none);
+    }
+    ~NoMoreFiles() { setrlimit(RLIMIT_NOFILE, &before_); }
+
+  private:
+    rlimit before_{};
+};
+
 TEST_F(PosixFiles, AFailureAtAnyStepLeavesTheOldFileWhole) {
     const std::string file = folder_.Put("a", "old");
     const std::string bytes(300'000, 'n');
@@ -50,8 +64,7 @@ TEST_F(PosixFiles, AFailureAtAnyStepLeavesTheOldFileWhole) {
             << room;
     }
     EXPECT_EQ(InChild([&] {
-                  const rlimit none{0, 0};
-                  setrlimit(RLIMIT_NOFILE, &none);
+                  const NoMoreFiles none;
                   files_.Replace(file, bytes);
               }),
               EMFILE);

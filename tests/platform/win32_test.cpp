@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <windows.h>
 
+#include "platform/serial_ports.h"
 #include "platform/win32/registry_settings_store.h"
 #include "platform/win32/wide_text.h"
 #include "tests/platform/test_folder.h"
@@ -40,6 +41,26 @@ TEST_F(Registry, AnyBytesComeBack) {
     EXPECT_EQ(store.Get(Root::User, key_ + "\\Sub", "Other"), std::nullopt);
     EXPECT_EQ(store.Get(Root::User, key_ + "\\None", "Some Value"), std::nullopt);
     EXPECT_EQ(store.Get(Root::Machine, key_ + "\\Sub", "Some Value"), std::nullopt);
+}
+
+// What the system lists as ports in use, in the order that a person expects.
+TEST(WindowsPorts, AreListedByNumber) {
+    constexpr const wchar_t* kKey = L"HARDWARE\\DEVICEMAP\\SERIALCOMM";
+    const std::wstring names[] = {L"COM212", L"COM29"};
+    for (const std::wstring& name : names) {
+        const LSTATUS status =
+            RegSetKeyValueW(HKEY_LOCAL_MACHINE, kKey, (L"Calyx test " + name).c_str(), REG_SZ, name.c_str(),
+                            static_cast<DWORD>((name.size() + 1) * 2));
+        if (status != ERROR_SUCCESS) GTEST_SKIP() << "the list of ports is not for this user to change";
+    }
+    std::vector<std::string> found;
+    for (const SerialPortInfo& port : ListSerialPorts()) {
+        if (port.name == "COM212" || port.name == "COM29") found.push_back(port.name);
+    }
+    for (const std::wstring& name : names) {
+        RegDeleteKeyValueW(HKEY_LOCAL_MACHINE, kKey, (L"Calyx test " + name).c_str());
+    }
+    EXPECT_EQ(found, (std::vector<std::string>{"COM29", "COM212"}));
 }
 
 TEST(WindowsFiles, ReadOnlyIsRefusedAndHiddenStaysHidden) {

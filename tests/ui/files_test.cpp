@@ -18,6 +18,7 @@ class FilesTest : public QObject {
     void FilesThatCannotBeOpenedSayWhy_data();
     void FilesThatCannotBeOpenedSayWhy();
     void SavingOverCommentsAsksFirst();
+    void RecordsThatAreNotUnderstoodCountAsLost();
     void LeavingChangesAsks_data();
     void LeavingChangesAsks();
     void SavingAsOrCopyingOverCommentsAsksToo();
@@ -129,6 +130,22 @@ void FilesTest::SavingAsOrCopyingOverCommentsAsksToo() {
     main.dialogs.Answer("Save without them");
     main.Choose("fileSaveAs");
     QVERIFY(Bytes(path).startsWith("@REVISION="));
+    VERIFY_DIALOGS(main);
+}
+
+void FilesTest::RecordsThatAreNotUnderstoodCountAsLost() {
+    MainWindow main;
+    const QString path = main.Path("widget.mrn");
+    main.dialogs.AnswerFile(path);
+    main.Choose("fileSaveAs");
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::Append) && file.write("WDGT#1=no widget\r\n") > 0);
+    file.close();
+    const QByteArray before = Bytes(path);
+    QVERIFY(main.window->Files().OpenPath(path, true));
+    main.dialogs.Answer("Cancel");
+    main.Choose("fileSave");
+    QCOMPARE(Bytes(path), before);
     VERIFY_DIALOGS(main);
 }
 

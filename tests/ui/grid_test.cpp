@@ -71,7 +71,7 @@ void GridTest::KeysWalkAndEdit() {
     Type(grid, "Lamp", Qt::Key_Tab);
     QCOMPARE(main.Value("DIO.ALIAS.2#0"), "Lamp");
     QCOMPARE(CurrentKey(grid), "DIO.3#0");
-    QTest::keyClick(&grid, Qt::Key_Backtab);
+    QVERIFY(grid.FocusKey("DIO.ALIAS.2#0"));
     QTest::keyClick(&grid, Qt::Key_F2);
     QTest::keyClick(Editor(grid), Qt::Key_End);
     QTest::keyClicks(Editor(grid), "2");
@@ -87,10 +87,13 @@ void GridTest::KeysWalkAndEdit() {
     }
     QCOMPARE(main.Value("DIO.ALIAS.1#0"), "");
     QVERIFY(!main.window->isWindowModified());
-    // From the last cell Tab goes on to the next control.
-    grid.FocusKey("DIO.ALIAS.8#0");
-    QTest::keyClick(&grid, Qt::Key_Tab);
-    QVERIFY(!grid.hasFocus());
+    // From any cell that is not edited Tab goes on to the next control.
+    for (const Qt::Key key : {Qt::Key_Tab, Qt::Key_Backtab}) {
+        QVERIFY(grid.FocusKey("DIO.ALIAS.2#0") && grid.hasFocus());
+        QTest::keyClick(&grid, key);
+        QVERIFY(!grid.hasFocus());
+        QCOMPARE(CurrentKey(grid), "DIO.ALIAS.2#0");
+    }
 }
 
 void GridTest::WrongInputStaysInItsCell() {

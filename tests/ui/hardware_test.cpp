@@ -2,6 +2,7 @@
 
 #include <QComboBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenu>
 #include <QToolButton>
 #include <QTreeView>
@@ -21,6 +22,7 @@ class HardwareTest : public QObject {
     void APortThatGoesTakesItsPageAlong();
     void StreamFormatsAreSavedLoadedAndDeleted();
     void SampleFollowsTheStream();
+    void OnLowScreensTheStreamScrollsAlong();
     void AFieldbusCardWithoutLinesGetsThemWhenChosenAgain();
 };
 
@@ -58,6 +60,18 @@ void HardwareTest::ACardComesAndGoesAsOneStep() {
     QVERIFY(!main.window->isWindowModified());
     main.Choose("editRedo");
     QCOMPARE(main.Value("FB.SIZE#3"), "8");
+    auto* slot = main.Find<QToolButton>("slot3");
+    slot->setFocus();
+    QTest::keyClick(slot, Qt::Key_Delete);
+    QCOMPARE(SlotName(main, 3), "Empty");
+    QCOMPARE(main.Value("FB.SIZE#3"), "(none)");
+    main.Choose("editUndo");
+    QCOMPARE(main.Value("FB.SIZE#3"), "8");
+    main.window->ShowParameter("HARDWARE");
+    main.Find<QToolButton>("slot5")->setFocus();
+    Put(main, 5, card::kPulseInput);
+    main.Choose("editUndo");
+    QVERIFY(main.Find<QToolButton>("slot5")->hasFocus());  // undo stays where the card is
     VERIFY_DIALOGS(main);
 }
 
@@ -151,6 +165,22 @@ void HardwareTest::SampleFollowsTheStream() {
     QVERIFY(!main.Find<QLabel>("notSent")->isVisible());
     main.window->Session().SetParameter("EDP.STREAM#1", "OFF", false);
     QVERIFY(main.Find<QLabel>("notSent")->isVisible());
+}
+
+void HardwareTest::OnLowScreensTheStreamScrollsAlong() {
+    MainWindow main;
+    main.window->ShowParameter("EDP.ALIAS#1");
+    auto* formats = main.Find<QComboBox>("savedFormats");
+    QWidget* form = main.Find<QLineEdit>("EDP.ALIAS#1");
+    while (!form->inherits("QScrollArea")) form = form->parentWidget();
+    QVERIFY(!form->isAncestorOf(formats));
+    formats->setFocus();
+    main.window->resize(960, 440);
+    QTRY_VERIFY(form->isAncestorOf(formats));
+    QVERIFY(formats->hasFocus() && formats->isVisible());
+    main.window->resize(1366, 900);
+    QTRY_VERIFY(!form->isAncestorOf(formats));
+    QVERIFY(formats->hasFocus());
 }
 
 void HardwareTest::AFieldbusCardWithoutLinesGetsThemWhenChosenAgain() {

@@ -8,6 +8,7 @@
 #include <map>
 
 #include "tests/ui/main_window.h"
+#include "ui/form/references.h"
 #include "ui/scales/ctl_scale_table.h"
 #include "ui/setpoints/ctl_trip_drawing.h"
 #include "ui/setpoints/setpoint_texts.h"
@@ -27,6 +28,9 @@ class ItemsTest : public QObject {
     void ChannelsComeAndGo();
     void SourcesAreWhatExists();
     void KeysOfTheHeaderLeadThere();
+    void ReferencesNameWhatExists_data();
+    void ReferencesNameWhatExists();
+    void AReferenceIsChosenOrTyped();
     void TheSentenceFollowsTheFields();
     void PicturesOfTrips_data();
     void PicturesOfTrips();
@@ -100,7 +104,7 @@ void ItemsTest::AKindAsksBeforeItClears() {
     QVERIFY(main.dialogs.asked.back().text.contains("Test weight"));
     main.dialogs.Answer("Keep the kind");
     Choose(kind, "Programmable Scale");
-    QVERIFY2(main.dialogs.asked.back().text.contains("Zero tracking band (1D, its line goes)"),
+    QVERIFY2(main.dialogs.asked.back().text.contains("Zero tracking band (1 division, its line goes)"),
              qPrintable(main.dialogs.asked.back().text));
 
     main.dialogs.Answer("Change the kind");
@@ -132,7 +136,8 @@ void ItemsTest::ChannelsComeAndGo() {
     MainWindow main;
     QVERIFY(main.Open("truck-scale.mrn"));
     main.window->ShowParameter("SC.SRC#1");
-    QTRY_VERIFY(main.Find<QToolButton>("cmdAddSource")->hasFocus());
+    QTRY_VERIFY(main.Find<QToolButton>("source1")->hasFocus());
+    main.Find<QToolButton>("cmdAddSource")->setFocus();
     QTest::keyClick(main.Find<QToolButton>("cmdAddSource"), Qt::Key_Return);
     auto* menu = main.Find<QMenu>("menuSources");
     QVERIFY(Offered(menu, "Channel 1") == nullptr);  // has it
@@ -178,7 +183,7 @@ void ItemsTest::SourcesAreWhatExists() {
     QTRY_VERIFY(main.Find<QComboBox>("chooseSource")->hasFocus());
     QStringList boxes = Words(*main.Find<QComboBox>("chooseSource"));
     QCOMPARE(boxes.size(), 4);
-    QVERIFY(boxes.back().endsWith("box 4"));
+    QVERIFY(boxes.back().startsWith("Port 6, box 4"));
     Choose(main.Find<QComboBox>("chooseSource"), boxes.back());
     QCOMPARE(main.Value("SC.SRC#4"), "S,6.4");
 
@@ -198,6 +203,111 @@ void ItemsTest::KeysOfTheHeaderLeadThere() {
     QTRY_VERIFY(main.Find<QComboBox>("SC.KIND#1")->hasFocus());
     main.window->ShowParameter("SC.ALIAS#1");
     QTRY_VERIFY(main.Find<QLineEdit>("SC.ALIAS#1")->hasFocus());
+}
+
+namespace {
+
+void MakeReferences(MainWindow& main) {
+    SetLines(main, {{"HARDWARE", "4,5,0,0,0,0,0,0,0,0,0,0,0,0"},
+                    {"SC.SRC#1", "A,1"},
+                    {"SC.ALIAS#1", "Deck"},
+                    {"SC.SRC#3", "A,2"},
+                    {"DIO.1#2", "OUTPUT"},
+                    {"DIO.ALIAS.1#2", "Fill"},
+                    {"DIO.3#2", "INPUT"},
+                    {"SP.KIND#1", "GROSS"},
+                    {"SP.ALIAS#1", "Coarse"},
+                    {"SP.BATCH#1", "ON"},
+                    {"SP.KIND#2", "+REL"},
+                    {"SP.KIND#5", "PLSCNT"},
+                    {"SP.KIND#6", "DELAY"}});
+    SetLines(main, {{"SP.DSLOT#1", "SLOT2"}, {"SP.DSLOT#2", "SLOT1"}});
+}
+
+}  // namespace
+
+void ItemsTest::ReferencesNameWhatExists_data() {
+    QTest::addColumn<QString>("key");
+    QTest::addColumn<QString>("offered");  // the first four
+    QTest::newRow("scales") << "SP.SOURCE#1"
+                            << "SCALE1 SCALE3";
+    QTest::newRow("a delay may do without") << "SP.SOURCE#6"
+                                            << "SCALE0 SCALE1 SCALE3";
+    QTest::newRow("pulse inputs are not known") << "SP.SOURCE#5"
+                                                << "";
+    QTest::newRow("not itself") << "SP.RELNUM#2"
+                                << "1 5 6";
+    QTest::newRow("steps of the batch") << "sp.branch#2"
+                                        << "0 1 6";
+    QTest::newRow("cards with outputs") << "SP.DSLOT#1"
+                                        << "NONE SLOT2";
+    QTest::newRow("the main board has inputs") << "SP.DISLOT#1"
+                                               << "SLOT0 SLOT2";
+    QTest::newRow("no inputs") << "SP.DIGOUT#1"
+                               << "BIT1 BIT2 BIT4 BIT5";
+    QTest::newRow("no card") << "SP.DIGOUT#2"
+                             << "";
+    QTest::newRow("without an output") << "SP.DOVER#1"
+                                       << "NONE BIT1 BIT2 BIT4";
+    QTest::newRow("analog output") << "ALG.SOURCE#1"
+                                   << "PROG SCALE1 SCALE3";
+    QTest::newRow("stream") << "EDP.SOURCE#1"
+                            << "SCALE0 SCALE1 SCALE3";
+    QTest::newRow("no reference") << "SP.VALUE#1"
+                                  << "";
+}
+void ItemsTest::ReferencesNameWhatExists() {
+    QFETCH(QString, key);
+    QFETCH(QString, offered);
+    constexpr int kShown = 4;
+    MainWindow main;
+    MakeReferences(main);
+    QStringList texts;
+    for (const auto& reference : ui::form::References(main.window->Session().Document(), key.toStdString())) {
+        texts += QString::fromStdString(reference.text);
+        // Each is what the parameter has once it is taken.
+        SetLines(main, {{key.toStdString(), reference.text}});
+        QCOMPARE(main.Value(qPrintable(key)), texts.back());
+    }
+    QCOMPARE(texts.mid(0, kShown).join(' '), offered);
+}
+
+void ItemsTest::AReferenceIsChosenOrTyped() {
+    MainWindow main;
+    MakeReferences(main);
+    main.window->ShowParameter("SP.SOURCE#1");
+    auto* source = main.Find<QLineEdit>("SP.SOURCE#1");
+    QTest::keyClick(source, Qt::Key_Down);
+    auto* menu = source->findChild<QMenu*>("menuReferences");
+    QVERIFY(menu != nullptr && menu->isVisible());
+    QAction* third = Offered(menu, "3: Analog Scale");
+    QVERIFY(third != nullptr && Offered(menu, "1: Deck, Analog Scale") != nullptr);
+    third->trigger();
+    menu->close();
+    QCOMPARE(main.Value("SP.SOURCE#1"), "SCALE3");
+    QCOMPARE(source->text(), "3");
+    main.Choose("editUndo");
+    QCOMPARE(main.Value("SP.SOURCE#1"), "SCALE0");
+    source->selectAll();
+    QTest::keyClicks(source, "1");
+    QCOMPARE(main.Value("SP.SOURCE#1"), "SCALE1");
+    // The name stands beside the number, and follows.
+    const auto names = [&] {
+        QStringList found;
+        for (const auto* label : source->parentWidget()->findChildren<QLabel*>())
+            if (label->isVisible()) found += label->text();
+        return found;
+    };
+    QVERIFY(names().contains("Deck"));
+    SetLines(main, {{"SC.ALIAS#1", "North"}});
+    QVERIFY(names().contains("North") && !names().contains("Deck"));
+
+    main.window->ShowParameter("SP.DSLOT#1");
+    auto* slot = main.Find<QLineEdit>("SP.DSLOT#1");
+    QCOMPARE(slot->text(), "2");
+    slot->selectAll();
+    QTest::keyClicks(slot, "none");
+    QCOMPARE(main.Value("SP.DSLOT#1"), "NONE");
 }
 
 void ItemsTest::TheSentenceFollowsTheFields() {

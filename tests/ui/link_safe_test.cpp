@@ -104,6 +104,7 @@ void LinkSafeTest::ABrokenRunGoesOnAfterARestart() {
     test.main.window->Desk().Simulator()->AddFault("drop:2");
     test.main.Press(kDialog, "cmdSend");
     QVERIFY2(test.Note().startsWith("Paused"), qPrintable(test.Note()));
+    QVERIFY(test.main.dialogs.asked.isEmpty());  // the window says what is to be done, and nothing else does
     QCOMPARE(test.Button("cmdSend")->text(), "Res&ume");
     test.Close();
     QVERIFY(QFile::exists(test.main.Path("send.journal")));

@@ -1,6 +1,8 @@
+#include <QAbstractItemView>
 #include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QCompleter>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
@@ -20,6 +22,7 @@ class LinkToolsTest : public QObject {
 
   private slots:
     void TypedLinesAreAnsweredAndRemembered();
+    void EnterSendsBesideCompletions();
     void MacroKeysAreKept();
     void SendingAFileCanBeCancelled();
     void FaultsHoldFromNowOn();
@@ -64,6 +67,26 @@ void LinkToolsTest::TypedLinesAreAnsweredAndRemembered() {
     test.Find<QCheckBox>("chkHex")->setChecked(false);
     test.Find<QLineEdit>("txtFilter")->setText("??");
     QVERIFY(!test.Log().contains("GATE"));
+}
+
+// The list of completions gets the keys while it is open.
+void LinkToolsTest::EnterSendsBesideCompletions() {
+    Terminal test;
+    auto* line = test.Find<QLineEdit>("txtLine");
+    QAbstractItemView* list = line->completer()->popup();
+    line->setFocus();
+    QTest::keyClicks(line, "VERSIO");
+    QTRY_VERIFY(list->isVisible());
+    QTest::keyClick(list, Qt::Key_Down);
+    QTest::keyClick(list, Qt::Key_Return);
+    QCOMPARE(line->text(), "VERSION");
+    QCOMPARE(test.Log().count("VERSION\n"), 0);
+    line->clear();
+    QTest::keyClicks(line, "UID");
+    QTRY_VERIFY(list->isVisible());
+    QTest::keyClick(list, Qt::Key_Return);
+    QVERIFY2(test.Log().contains("> UID\n"), qPrintable(test.Log()));
+    QVERIFY(!list->isVisible());
 }
 
 void LinkToolsTest::MacroKeysAreKept() {

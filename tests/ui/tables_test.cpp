@@ -25,6 +25,7 @@ class TablesTest : public QObject {
     void TheFilter();
     void AFilterThatFitsNothingOffersAll();
     void CellsAreEditedByKeyboard();
+    void AReferenceIsChosenInItsCell();
     void UndoStaysInTheTable();
     void SetpointsAreCopiedAndPasted();
     void SetpointsGoToOtherDocuments();
@@ -174,6 +175,24 @@ void TablesTest::CellsAreEditedByKeyboard() {
     // The row stays in sight as long as it is worked in, though it is off now.
     SetLines(main, {{"SP.KIND#2", "OFF"}});
     QCOMPARE(Numbers(table), "2 4 7 9");
+}
+
+void TablesTest::AReferenceIsChosenInItsCell() {
+    MainWindow main;
+    QVERIFY(main.Open("truck-scale.mrn"));
+    ui::ctlGrid& grid = ShowSetpoints(main).Grid();
+    QVERIFY(grid.FocusKey("SP.SOURCE#2"));
+    QCOMPARE(grid.currentIndex().data().toString(), "3");  // of "SCALE3"
+    QTest::keyClick(&grid, Qt::Key_F2);
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_F4);
+    auto* menu = grid.findChild<QMenu*>("menuReferences");
+    QVERIFY(menu != nullptr && menu->actions().size() == 3);
+    menu->actions().front()->trigger();
+    menu->close();
+    QCOMPARE(main.Value("SP.SOURCE#2"), "SCALE1");
+    QCOMPARE(grid.currentIndex().data().toString(), "1");
+    main.Choose("editUndo");
+    QCOMPARE(main.Value("SP.SOURCE#2"), "SCALE3");
 }
 
 void TablesTest::UndoStaysInTheTable() {

@@ -41,6 +41,7 @@ class TicketsTest : public QObject {
     void TypingIsOneStepOfTheDocument();
     void BreaksAreLines();
     void ATextThatIsTooLongIsKeptButNotStored();
+    void TabLeavesThePage();
     void TokensAreOffered();
     void TokensAreFoundAndInserted();
     void ThePrinterProposesThePage();
@@ -206,6 +207,26 @@ void TicketsTest::ATextThatIsTooLongIsKeptButNotStored() {
     QCOMPARE(Stored(main, "GFMT.FMT"), QByteArray(999, 'x'));
     QVERIFY(!main.Find<QLabel>("GFMT.FMT.message")->isVisible());
     VERIFY_DIALOGS(main);
+}
+
+void TicketsTest::TabLeavesThePage() {
+    MainWindow main;
+    Go(main, "GFMT.FMT");
+    auto* last = main.Find<QComboBox>("GFMT.PRN");
+    last->setFocus();
+    QTest::keyClick(last, Qt::Key_Tab);
+    const auto within = [&](const char* part) {
+        return main.window->findChild<QWidget*>(QLatin1String(part))
+            ->isAncestorOf(QApplication::focusWidget());
+    };
+    QVERIFY(within("ctlLines"));
+    QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backtab);
+    QVERIFY(last->hasFocus());
+    // And the page comes right behind the navigation.
+    auto* navigation = main.window->findChild<QWidget*>("ctlNavigation");
+    navigation->setFocus();
+    QTest::keyClick(navigation, Qt::Key_Tab);
+    QVERIFY(within("ctlPages"));
 }
 
 void TicketsTest::TokensAreOffered() {

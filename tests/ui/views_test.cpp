@@ -35,6 +35,7 @@ class ViewsTest : public QObject {
     void EmptyPanesFold();
     void FiltersNarrowTheFind();
     void PagesAreWalkedByKeys();
+    void PartsAreWalkedByKeys();
     void ThePictureNeverWaits();
     void HelpAndVersionNeedNoScreen();
     void LooksAreSwitchedAndKept();
@@ -292,6 +293,32 @@ Ran Run(const QStringList& words, const char* platform) {
     return {ended ? program.exitCode() : -1, program.readAllStandardOutput(), program.readAllStandardError()};
 }
 }  // namespace
+
+void ViewsTest::PartsAreWalkedByKeys() {
+    MainWindow main;
+    main.window->ShowParameter("UID");
+    auto* field = main.Find<QLineEdit>("UID");
+    QVERIFY(field->hasFocus());
+    const auto walk = [&](Qt::KeyboardModifiers modifiers) {
+        QWidgetList seen;
+        do {
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_F6, modifiers);
+            seen += QApplication::focusWidget();
+        } while (seen.back() != field && seen.size() < 10);
+        return seen;
+    };
+    QWidgetList forward = walk({}), back = walk(Qt::ShiftModifier);
+    QCOMPARE(forward.back(), field);  // back to where the page was left
+    QVERIFY(main.Find<QWidget>("ctlLines")->isAncestorOf(forward.front()));
+    const auto isNavigation = [](const QWidget* part) {
+        return qobject_cast<const QTreeView*>(part) != nullptr;
+    };
+    QVERIFY(std::any_of(forward.begin(), forward.end(), isNavigation));
+    forward.removeLast();
+    back.removeLast();
+    std::reverse(back.begin(), back.end());
+    QCOMPARE(back, forward);
+}
 
 void ViewsTest::ThePictureNeverWaits() {
     QTemporaryDir folder;

@@ -1,3 +1,4 @@
+#include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
 #include <QDir>
@@ -38,6 +39,7 @@ class WidgetsTest : public QObject {
     void PasteKeepsCountAndClosesNumbers();
     void OrderStaysOnTheScreen();
     void UndoChoosesWhatItChanged();
+    void ThePageKeepsTheKeyboardAndItsOrder();
     void PropertiesOfSeveral();
     void WrongPropertiesAreTold();
     void AScreenOfAnotherFile();
@@ -316,6 +318,27 @@ void WidgetsTest::UndoChoosesWhatItChanged() {
     main.Choose("editUndo");
     QCOMPARE(main.page->State().Screen(), 1);
     QCOMPARE(main.page->State().Chosen(), (std::vector{7, 8}));
+}
+
+void WidgetsTest::ThePageKeepsTheKeyboardAndItsOrder() {
+    Editor editor;
+    QTest::qWait(20);  // a window of its own, however short, would take the keyboard
+    QVERIFY(editor.canvas->hasFocus());
+    for (const bool alphabetic : {false, true}) {
+        auto* box = editor.Find<QCheckBox>("chkAlphabetic");
+        box->setChecked(alphabetic);
+        editor.Find<QWidget>("widgetList")->setFocus();
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        int fields = 0, below = -1;
+        for (; QApplication::focusWidget() != box; ++fields) {
+            QWidget* field = QApplication::focusWidget();
+            QVERIFY2(field->objectName().startsWith("property."), qPrintable(field->objectName()));
+            QVERIFY2(field->y() > below, qPrintable(field->objectName()));
+            below = field->y();
+            QTest::keyClick(field, Qt::Key_Tab);
+        }
+        QCOMPARE(fields, static_cast<int>(editor.Widgets().widget(3).Properties().RowCount()));
+    }
 }
 
 void WidgetsTest::PropertiesOfSeveral() {

@@ -1,5 +1,6 @@
 #include "ui/boxes/ctl_box.h"
 
+#include <QHeaderView>
 #include <QLabel>
 #include <QMenu>
 #include <QPushButton>
@@ -34,11 +35,17 @@ ctlBox::ctlBox(DocumentSession& session, const ItemRef& item)
     platforms_ =
         MakeGrid(PlatformHeadings(session), PlatformRows(item.number), kTabs[kPlatformsTab], "platformGrid");
     const int wide = fontMetrics().averageCharWidth();
-    constexpr int kCellWidths[] = {18, 13, 9, 7, 8, 8}, kPlatformWidth = 11;  // in characters
+    constexpr int kCellWidths[] = {18, 13, 9, 7, 7, 7}, kPlatformWidth = 11;  // in characters
     for (std::size_t i = 0; i < std::size(kCellWidths); ++i)
         cells_->Grid().setColumnWidth(static_cast<int>(i) + 1, kCellWidths[i] * wide + metrics::kIconMedium);
     for (int platform = 1; platform <= CJunctionBox::MaxPlatforms(); ++platform)
         platforms_->Grid().setColumnWidth(platform, kPlatformWidth * wide + metrics::kIconMedium);
+    // The name of a cell takes the room that is left, and the platforms share theirs.
+    cells_->Grid().horizontalHeader()->setStretchLastSection(false);
+    cells_->Grid().horizontalHeader()->setSectionResizeMode(1, QHeaderView::Stretch);
+    platforms_->Grid().horizontalHeader()->setStretchLastSection(false);
+    for (int platform = 1; platform <= CJunctionBox::MaxPlatforms(); ++platform)
+        platforms_->Grid().horizontalHeader()->setSectionResizeMode(platform, QHeaderView::Stretch);
     form_ = MakeForm();
     addTab(MakeSystem(), Say(texts, kTabs[kSystemTab]));
     addTab(cells_, Say(texts, kTabs[kCellsTab]));

@@ -20,7 +20,7 @@ namespace calyx::ui {
 using namespace database_text;
 
 namespace {
-constexpr int kNameCharacters = 16, kTypeCharacters = 24;  // room in their columns
+constexpr int kNameCharacters = 16;  // room in their columns
 }
 
 ctlDatabase::ctlDatabase(DocumentSession& session)
@@ -87,7 +87,13 @@ QWidget* ctlDatabase::MakeEditor() {
     const int wide = fontMetrics().averageCharWidth();
     for (ctlRowGrid* grid : {static_cast<ctlRowGrid*>(tables_), static_cast<ctlRowGrid*>(fields_)})
         grid->setColumnWidth(1, kNameCharacters * wide + metrics::kIconLarge);
-    fields_->setColumnWidth(2, kTypeCharacters * wide + metrics::kIconLarge);
+    // The longest type in bold, as it stands where it is not the default, and the mark of a change.
+    int widest = 0;
+    for (const CTextList::Entry& type : *session_.Context().lists.List("DB.TYPES"))
+        widest = std::max(widest, QFontMetrics(StrongFont()).horizontalAdvance(Shown(type.text)));
+    fields_->setColumnWidth(2, widest + 2 * metrics::kRelated + metrics::kIconLarge);
+    // The switch and its mark stand together.
+    fields_->horizontalHeader()->setStretchLastSection(false);
     auto* editor = new QWidget;
     auto* column = new QVBoxLayout(editor);
     column->setContentsMargins(0, 0, 0, 0);

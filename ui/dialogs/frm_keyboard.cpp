@@ -38,7 +38,11 @@ frmKeyboard::frmKeyboard(const ResourceTexts& texts, const QList<QAction*>& comm
                   {"Esc", say::kKeyLeave},
                   {"Enter", say::kKeyChoose},
                   {"Space", say::kKeyAct},
-                  {"Left, Right", say::kKeyFold}};
+                  {"Left, Right", say::kKeyFold},
+                  {"Alt+Up, Alt+Down", say::kKeyItems},
+                  {"Down, F4", say::kKeyList},
+                  {"F2, Enter", say::kKeyEdit},
+                  {"Ctrl+Shift+Up, Ctrl+Shift+Down", say::kKeyMove}};
     for (const auto& other : others)
         rows.push_back({.cells = {QString::fromLatin1(other.keys), Say(texts, other.text)}});
 

@@ -7,6 +7,7 @@
 #include <string>
 
 #include "ui/form/parameter.h"
+#include "ui/form/references.h"
 
 class QWidget;
 
@@ -40,7 +41,7 @@ class Control : public QObject {
     virtual Entry Read(bool leaving) const = 0;
     // Asked before a value goes to the document: a person may want to keep what it would clear.
     virtual bool MayTake(const std::string& /*text*/) { return true; }
-    // A sign that the value carries with it and the control does not show: "%".
+    // What belongs to the value and the control does not show: its sign "%", the name of what it names.
     virtual QString Sign() const { return {}; }
     // Whether the value is text that can be set in bold.
     virtual bool ShowsText() const { return true; }
@@ -53,7 +54,9 @@ class Control : public QObject {
 // Makes the control of a parameter that has one of its own; nothing: the usual one.
 using ControlMaker = std::function<std::unique_ptr<Control>(const Parameter& parameter, QWidget* parent)>;
 
-// The control for a parameter, by list and kind. `texts` outlives it.
-std::unique_ptr<Control> MakeControl(const Parameter& parameter, const ResourceTexts& texts, QWidget* parent);
+// The control for a parameter, by list and kind. `texts` outlives it, and so does what `offers` asks: what
+// the number of a reference can name.
+std::unique_ptr<Control> MakeControl(const Parameter& parameter, const ResourceTexts& texts, QWidget* parent,
+                                     const Offers& offers = {});
 
 }  // namespace calyx::ui::form

@@ -38,7 +38,10 @@ Field::Field(DocumentSession& session, std::string section, std::string key, QWi
     defaultText_ = parameter.DefaultText();
     for (const KeyValue& line : parameter.Lines()) lineKeys_.push_back(line.key);
     if (make) control_ = make(parameter, parent);
-    if (control_ == nullptr) control_ = MakeControl(parameter, texts_, parent);
+    if (control_ == nullptr) {
+        const auto offers = [this] { return References(session_.Document(), key_); };
+        control_ = MakeControl(parameter, texts_, parent, IsReference(key_) ? Offers(offers) : Offers());
+    }
     unit_ = new QLabel(ToShown(info.more.unit), parent);
     message_ = new QLabel(parent);
     caption_ = Caption(texts_, parameter);
@@ -137,7 +140,7 @@ void Field::Refresh(const PageState& state, bool anew) {
         entry_ = {};
         control_->Show(text_);
     }
-    if (!control_->Sign().isEmpty() && parameter->Info().more.unit.empty()) unit_->setText(control_->Sign());
+    if (parameter->Info().more.unit.empty()) unit_->setText(control_->Sign());
     unit_->setVisible(present_ && !unit_->text().isEmpty());
     SetBold(control_->ShowsText() ? ControlWidget() : label_,
             text_ != defaultText_ && parameter->Info().more.use != Use::ReadOnly);
@@ -174,7 +177,9 @@ void Field::GatherMarks(const Parameter& parameter, const PageState& state) {
     }
     // Here the caption is not needed once more.
     const QString start = caption_ + QStringLiteral(": ");
-    if (problem_.startsWith(start)) problem_.remove(0, start.size());
+    if (!problem_.startsWith(start)) return;
+    problem_.remove(0, start.size());
+    if (!problem_.isEmpty()) problem_[0] = problem_[0].toUpper();
 }
 
 // A line that came or went with others, and says what holds without it, is no change of the value.

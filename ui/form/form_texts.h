@@ -21,6 +21,10 @@ inline constexpr int kMenuDefault = 20230, kMenuRevert = 20231, kMenuCopy = 2023
                      kMenuFirmware = 20234, kIsDefault = 20235, kIsUnchanged = 20236, kNeverInLines = 20237,
                      kMenuHelp = 20238;
 inline constexpr int kFirmwareTitle = 20240, kFirmwareNotSent = 20242, kClose = 20243, kFirmwareIntro = 20244;
+// References: {1} number, {2} name, {3} kind.
+inline constexpr int kChooseReference = 42500, kNothingToChoose = 42501, kNumberAndName = 42502,
+                     kNumberNameAndKind = 42503, kNoScale = 42504, kByProgram = 42505, kNoBranch = 42506,
+                     kNoOutput = 42507, kMainBoard = 42508, kSlotPoints = 42509;  // {1} slot, {2} points
 
 // A text with its arguments filled in.
 template <class... Argument>

@@ -78,6 +78,7 @@ NumberControl::NumberControl(const RowInfo& info, const ResourceTexts& texts, QW
     : LineControl(parent, Digits(info)),
       texts_(texts),
       whole_(info.kind == ValueKind::Integer),
+      hasRange_(info.more.HasRange()),
       min_(info.more.HasRange() ? info.more.min : std::numeric_limits<std::int32_t>::min()),
       max_(info.more.HasRange() ? info.more.max : std::numeric_limits<std::int32_t>::max()),
       locale_(Line()->locale()) {
@@ -105,7 +106,7 @@ Entry NumberControl::Refuse(double number, bool understood, const QString& typed
     QString words = understood || started
                         ? QString()
                         : Say(texts_, whole_ ? kWholeNumber : kDecimalNumber, locale_.decimalPoint());
-    if (!ends_.least.isEmpty()) {
+    if (!ends_.least.isEmpty() && (understood || hasRange_)) {
         words += (words.isEmpty() ? QString() : QStringLiteral(" ")) +
                  Say(texts_, kAllowed, ends_.least, ends_.most);
     }

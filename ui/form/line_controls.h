@@ -48,7 +48,7 @@ class TextControl final : public LineControl {
 
 // Whole numbers and decimals, with the range of the row. What a codec writes around the number stays out
 // of the box. Wrong input is kept and told, never refused.
-class NumberControl final : public LineControl {
+class NumberControl : public LineControl {
     Q_OBJECT
 
   public:
@@ -56,12 +56,14 @@ class NumberControl final : public LineControl {
     Entry Read(bool leaving) const override;
     QString Sign() const override { return sign_; }
 
-  private:
+  protected:
     QString ToText(const std::string& text) override;
+
+  private:
     Entry Refuse(double number, bool understood, const QString& typed) const;
 
     const ResourceTexts& texts_;
-    bool whole_;
+    bool whole_, hasRange_;
     double min_, max_;
     RangeEnds ends_;
     QLocale locale_;

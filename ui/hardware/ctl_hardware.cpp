@@ -4,12 +4,14 @@
 #include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QMenu>
 #include <QPainter>
 #include <QStyleOption>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "ui/dialogs/dialogs.h"
 #include "ui/hardware/hardware_texts.h"
@@ -299,10 +301,12 @@ bool ctlHardware::FocusKey(const QString& key) {
         return true;
     }
     if (key.compare(QLatin1String("HARDWARE"), Qt::CaseInsensitive) != 0) return false;
-    // The first slot that wants something done.
+    // The first slot that wants something done; none: the one that is worked at.
     int slot = 1;
     while (slot < card::kSlots && !hardware.DiffersFromLive(slot)) ++slot;
-    slots_[hardware.DiffersFromLive(slot) ? static_cast<std::size_t>(slot - 1) : 0]->setFocus();
+    const bool differs = hardware.DiffersFromLive(slot);
+    const bool isAtSlot = std::any_of(slots_.begin(), slots_.end(), [](auto* s) { return s->hasFocus(); });
+    if (differs || !isAtSlot) slots_[differs ? static_cast<std::size_t>(slot - 1) : 0]->setFocus();
     return true;
 }
 
@@ -310,6 +314,11 @@ bool ctlHardware::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::FocusIn) {
         ensureWidgetVisible(static_cast<QWidget*>(watched), 0, metrics::kPageEdge);
         emit KeyFocused(QStringLiteral("HARDWARE"));
+    }
+    if (event->type() == QEvent::KeyPress && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Delete) {
+        const auto slot = std::find(slots_.begin(), slots_.end(), watched) - slots_.begin();
+        Change(static_cast<int>(slot) + 1, card::kEmptySlot);
+        return true;
     }
     return QScrollArea::eventFilter(watched, event);
 }

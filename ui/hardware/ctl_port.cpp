@@ -9,6 +9,7 @@
 
 #include "ui/dialogs/dialogs.h"
 #include "ui/form/form_page.h"
+#include "ui/form/page_with_bar.h"
 #include "ui/hardware/hardware_texts.h"
 #include "ui/text.h"
 #include "ui/texts.h"
@@ -60,8 +61,7 @@ ctlPort::ctlPort(DocumentSession& session, const ItemRef& port, const PageTools&
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(0);
-    column->addWidget(form_, 1);
-    column->addWidget(MakeStreamBar());
+    column->addWidget(new PageWithBar(form_, MakeStreamBar(), PageWithBar::Edge::Bottom));
     setFocusProxy(form_);
     connect(&session_, &DocumentSession::Changed, this, &ctlPort::ShowSample);
     connect(&session_, &DocumentSession::Replaced, this, &ctlPort::ShowSample);
@@ -119,8 +119,7 @@ QWidget* ctlPort::MakeStreamBar() {
     second->addWidget(button(say::kLoadFormat, "cmdLoadFormat", &ctlPort::LoadFormat));
     second->addWidget(button(say::kSaveFormat, "cmdSaveFormat", &ctlPort::SaveFormat));
     second->addWidget(button(say::kDeleteFormat, "cmdDeleteFormat", &ctlPort::DeleteFormat));
-    second->addSpacing(metrics::kRelated);
-    second->addWidget(notSent_, 1);
+    second->addStretch(1);
     auto* rule = new QWidget;
     rule->setFixedHeight(1);
     rule->setAutoFillBackground(true);
@@ -136,6 +135,7 @@ QWidget* ctlPort::MakeStreamBar() {
     notSent_->setWordWrap(true);
     rows->addLayout(first);
     rows->addLayout(second);
+    rows->addWidget(notSent_);
     return bar;
 }
 

@@ -28,7 +28,7 @@ ctlGrid::ctlGrid(DocumentSession& session, GridModel* model, const QString& name
     setItemDelegate(new GridDelegate(*model_, session.Context().texts, this));
     setAccessibleName(name);
     setFont(FiguresFont());
-    setTabKeyNavigation(false);  // see focusNextPrevChild
+    setTabKeyNavigation(false);  // a hundred rows of cells would stand between two controls
     setEditTriggers(DoubleClicked | EditKeyPressed | AnyKeyPressed);
     setSelectionMode(ExtendedSelection);
     setCornerButtonEnabled(false);
@@ -210,22 +210,16 @@ void ctlGrid::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlag
         goesOn ? QRect(visualRect(anchor_).center(), visualRect(currentIndex()).center()) : rect, command);
 }
 
-// The next cell that can be edited; none: the next control.
-bool ctlGrid::focusNextPrevChild(bool next) {
-    return Walk(next) || QTableView::focusNextPrevChild(next);
-}
-
-bool ctlGrid::Walk(bool forward) {
+// To the next cell that can be edited, if there is one.
+void ctlGrid::Walk(bool forward) {
     const int columns = model_->columnCount(), cells = columns * model_->rowCount();
     const QModelIndex current = currentIndex();
     const int step = forward ? 1 : -1;
     for (int at = current.row() * columns + current.column() + step; at >= 0 && at < cells; at += step) {
         const QModelIndex index = model_->index(at / columns, at % columns);
         if (!(index.flags() & (Qt::ItemIsEditable | Qt::ItemIsUserCheckable))) continue;
-        setCurrentIndex(index);
-        return true;
+        return setCurrentIndex(index);
     }
-    return false;
 }
 
 QModelIndexList ctlGrid::Chosen() const {

@@ -9,10 +9,10 @@
 
 namespace calyx::ui {
 
-// A grid to edit in place. Arrows and Tab walk the cells (Tab only those that can be edited, and on to the
-// next control from the last); typing, F2, Enter or a double click edits; Enter takes the value and goes one
-// row down; Esc gives up what could not be taken; Space turns a switch; Delete goes back to the default;
-// copy and paste take and bring cells as spreadsheets do.
+// A grid to edit in place. Arrows walk the cells, Tab goes on to the next control; typing, F2, Enter or a
+// double click edits; Enter takes the value and goes one row down, Tab takes it and goes to the next cell
+// that can be edited; Esc gives up what could not be taken; Space turns a switch; Delete goes back to the
+// default; copy and paste take and bring cells as spreadsheets do.
 class ctlGrid : public QTableView {
     Q_OBJECT
 
@@ -48,7 +48,6 @@ class ctlGrid : public QTableView {
     void mouseMoveEvent(QMouseEvent* event) override;
     void setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
-    bool focusNextPrevChild(bool next) override;
     void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
     void closeEditor(QWidget* editor, QAbstractItemDelegate::EndEditHint hint) override;
     bool edit(const QModelIndex& index, EditTrigger trigger, QEvent* event) override;
@@ -59,7 +58,7 @@ class ctlGrid : public QTableView {
     void SpanHeadings();
     void Activate(const QModelIndex& index);
     void ShowHelp();
-    bool Walk(bool forward);
+    void Walk(bool forward);
     void Steer(Qt::KeyboardModifiers modifiers, const std::function<void()>& act);
     QModelIndexList Chosen() const;
     void CopyAsLine();

@@ -64,7 +64,7 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
                                     const QModelIndex& index) const {
     const auto parameter = model_.ParameterAt(index);
     if (!parameter) return nullptr;
-    Control* control = form::MakeControl(*parameter, texts_, parent).release();
+    Control* control = form::MakeControl(*parameter, texts_, parent, model_.OffersAt(index)).release();
     QWidget* editor = control->Widget();
     control->setParent(editor);
     editor->setMinimumWidth(0);
@@ -80,6 +80,9 @@ QWidget* GridDelegate::createEditor(QWidget* parent, const QStyleOptionViewItem&
             const Entry entry = control->Read(false);
             bubble->Say(entry.state == Entry::State::Right ? QString() : entry.words,
                         entry.state == Entry::State::Wrong);
+        });
+        connect(control, &Control::Edited, self, [self, editor](bool typing) {  // chosen from a list
+            if (!typing) self->Close(editor, NoHint);
         });
     }
     return editor;

@@ -170,6 +170,10 @@ GridModel::Cell GridModel::Look(const Item& item, std::size_t row, const PageSta
         if (info.kind == ValueKind::Decimal && parameter.List() == nullptr)
             cell.shown.replace(QLatin1Char('.'), locale.decimalPoint());
     }
+    // The column says what is meant: "2" of "SLOT2", as it is typed.
+    if (const auto parts = form::SplitNumber(cell.text);
+        !parts.number.empty() && form::IsReference(item.Key(row)))
+        cell.shown = Shown(parts.number);
     cell.isDefault = cell.text == item.InitialText(row) || cell.text == parameter.DefaultText();
     const std::string key = Upper(item.Key(row));
     if (const auto rule = state.problems.find(key); rule != state.problems.end())
@@ -213,6 +217,12 @@ const GridModel::Typed* GridModel::TypedAt(const QModelIndex& index) const {
 std::string GridModel::KeyAt(const QModelIndex& index) const {
     const GridCell* spec = SpecAt(index);
     return spec == nullptr ? std::string() : spec->key;
+}
+
+form::Offers GridModel::OffersAt(const QModelIndex& index) const {
+    const std::string key = KeyAt(index);
+    if (!form::IsReference(key)) return {};
+    return [this, key] { return form::References(std::as_const(session_).Document(), key); };
 }
 
 QString GridModel::GoToOf(const QModelIndex& index) const {

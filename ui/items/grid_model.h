@@ -55,6 +55,7 @@ class GridModel : public QAbstractTableModel {
     std::string KeyAt(const QModelIndex& index) const;  // empty: no parameter there
     // The parameter of a cell that can be edited at present; a look at the document.
     std::optional<form::Parameter> ParameterAt(const QModelIndex& index) const;
+    form::Offers OffersAt(const QModelIndex& index) const;  // nothing where the cell is no reference
     QString GoToOf(const QModelIndex& index) const;
     bool IsAbsent(const QModelIndex& index) const;   // a parameter that the item does not use at present
     QString NameOf(const QModelIndex& index) const;  // "Point 3: alias"

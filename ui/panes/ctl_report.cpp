@@ -68,7 +68,8 @@ QString ctlReport::Became(const ReadNote& note) const {
 std::size_t LinesNotKept(const ReadReport& report) {
     const auto& notes = report.Notes();
     return static_cast<std::size_t>(std::count_if(notes.begin(), notes.end(), [](const ReadNote& note) {
-        return note.kind == Kind::TextLine || note.kind == Kind::UnknownKey ||
+        const bool leftOut = note.kind == Kind::NotUnderstood && note.became.empty();
+        return leftOut || note.kind == Kind::TextLine || note.kind == Kind::UnknownKey ||
                note.kind == Kind::DuplicateKey || note.kind == Kind::NotWritten;
     }));
 }

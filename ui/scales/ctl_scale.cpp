@@ -162,7 +162,7 @@ bool ctlScale::MayChange(std::int32_t kind) {
 bool ctlScale::FocusKey(const QString& key) {
     if (stale_) Refresh();
     const bool noChoice =
-        source_->focusProxy() == nullptr && key.compare(source_->objectName(), Qt::CaseInsensitive) == 0;
+        !source_->HasChoice() && key.compare(source_->objectName(), Qt::CaseInsensitive) == 0;
     if (!kind_->Covers(KeyBytes(key)) && !noChoice && form_->FocusKey(key)) return true;
     // The kind decides which fields and sources there are, so it is what to go to for one that is not there.
     QWidget* control = kind_->ControlWidget();

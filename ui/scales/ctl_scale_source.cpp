@@ -23,7 +23,7 @@ using namespace scale_kind;
 
 namespace {
 
-constexpr int kNarrowestChoice = 200;
+constexpr int kNarrowestChoice = 176;  // so that two columns fit beside the lines
 
 QString Plain(QString words) {  // no mnemonics
     return words.replace(QLatin1Char('&'), QLatin1String("&&"));
@@ -51,6 +51,7 @@ void ctlScaleSource::Follow() {
 void ctlScaleSource::showEvent(QShowEvent* event) {
     QWidget::showEvent(event);
     if (stale_) Refresh();
+    OrderTabs();
 }
 
 void ctlScaleSource::Refresh() {
@@ -66,7 +67,6 @@ void ctlScaleSource::Refresh() {
     const bool hadFocus = focused != controls_.end();
     const bool atEnd = hadFocus && std::next(focused) == controls_.end();
     if (content_ != nullptr) {
-        setFocusProxy(nullptr);
         content_->hide();
         content_->deleteLater();
     }
@@ -75,15 +75,27 @@ void ctlScaleSource::Refresh() {
     line_->addWidget(content_, 1);
     Build();
     content_->show();
-    if (controls_.empty()) return;
-    // What is made later would come last on the page.
-    QWidget* before = this;
+    setFocusPolicy(controls_.empty() ? Qt::NoFocus : Qt::ClickFocus);  // for the label; Tab passes it by
+    OrderTabs();
+    if (hadFocus) controls_[atEnd ? controls_.size() - 1 : std::min(place, controls_.size() - 1)]->setFocus();
+}
+
+// What is made later would come last on the page; it follows what stands before this source.
+void ctlScaleSource::OrderTabs() {
+    QWidget* before = previousInFocusChain();
+    while (before != this && (isAncestorOf(before) || (before->focusPolicy() & Qt::TabFocus) == 0))
+        before = before->previousInFocusChain();
+    if (before == this) return;
     for (QWidget* control : controls_) {
         setTabOrder(before, control);
         before = control;
     }
-    setFocusProxy(controls_.back());
-    if (hadFocus) controls_[atEnd ? controls_.size() - 1 : std::min(place, controls_.size() - 1)]->setFocus();
+}
+
+void ctlScaleSource::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    // Of the controls it hears too, and they keep the focus.
+    if (hasFocus() && !controls_.empty()) controls_.front()->setFocus(event->reason());
 }
 
 void ctlScaleSource::Build() {
@@ -158,7 +170,8 @@ void ctlScaleSource::OfferMore(QToolButton* button) {
 }
 
 void ctlScaleSource::BuildChoice() {
-    new WrapLayout(content_);
+    auto* line = new QHBoxLayout(content_);  // narrower than its words where the page is
+    line->setContentsMargins(0, 0, 0, 0);
     auto* box = new form::ChoiceBox;
     box->setObjectName(QStringLiteral("chooseSource"));
     box->setMinimumWidth(kNarrowestChoice);
@@ -175,6 +188,7 @@ void ctlScaleSource::BuildChoice() {
     box->setAccessibleName(ui::Say(Texts(), nothing));
     connect(box, &QComboBox::activated, this, [this, box] { Take({box->currentData().toInt()}); });
     Adopt(box);
+    box->setMaximumWidth(std::max(kNarrowestChoice, box->sizeHint().width()));
 }
 
 void ctlScaleSource::BuildNoPort() {

@@ -23,11 +23,13 @@ class ctlScaleSource : public QWidget {
     ctlScaleSource(DocumentSession& session, int scale, QWidget* parent);
 
     void Refresh();
+    bool HasChoice() const { return !controls_.empty(); }  // something that takes the focus
 
   signals:
     void ParameterWanted(const QString& key);
 
   protected:
+    void focusInEvent(QFocusEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
@@ -40,6 +42,7 @@ class ctlScaleSource : public QWidget {
     };
 
     void Build();
+    void OrderTabs();
     void BuildChips();
     void BuildChoice();
     void BuildNoPort();

@@ -47,12 +47,13 @@ class Wording {
             case kTotal:
                 return ScaleChoice(source);
             case kVexal: {
+                const int port = VexalPort(source);
                 const QString words =
-                    Say(texts_, say::kBox, PortName(VexalPort(source)), QString::number(VexalBox(source)));
-                return {source, words, Fitting(VexalPort(source), words)};
+                    WithAlias(port, Say(texts_, say::kBox, Port(port), QString::number(VexalBox(source))));
+                return {source, words, Fitting(port, words)};
             }
             default: {
-                const QString words = PortName(source);
+                const QString words = WithAlias(source, Port(source));
                 return {source, words, Fitting(source, words)};
             }
         }
@@ -80,8 +81,9 @@ class Wording {
         if (alias.isEmpty()) return {number, QString::number(number), words};
         return {number, QString::number(number) + u' ' + alias, Say(texts_, say::kPortAlias, words, alias)};
     }
-    QString PortName(int port) const {
-        const QString words = Say(texts_, say::kPort, QString::number(port));
+    QString Port(int port) const { return Say(texts_, say::kPort, QString::number(port)); }
+    // Numbers first: they are what must be seen where room is short.
+    QString WithAlias(int port, const QString& words) const {
         const std::string alias = document_.Value("EDP.ALIAS#" + std::to_string(port)).value_or("");
         return alias.empty() ? words : Say(texts_, say::kPortAlias, words, ShownValue(alias));
     }

@@ -1,6 +1,7 @@
 #include "ui/scales/wrap_layout.h"
 
 #include <algorithm>
+#include <iterator>
 
 namespace calyx::ui {
 
@@ -52,18 +53,21 @@ QSize WrapLayout::Size(const QLayoutItem& item, int room) {
 }
 
 int WrapLayout::Arrange(const QRect& rect, bool apply) const {
+    std::vector<QLayoutItem*> seen;
+    std::copy_if(items_.begin(), items_.end(), std::back_inserter(seen),
+                 [](const QLayoutItem* item) { return !item->isEmpty(); });
     int x = rect.left(), y = rect.top(), line = 0;
     const int end = rect.right() + 1;
-    for (std::size_t i = 0; i < items_.size(); ++i) {
-        QLayoutItem* item = items_[i];
+    for (std::size_t i = 0; i < seen.size(); ++i) {
+        QLayoutItem* item = seen[i];
         QSize size = Size(*item, rect.width());
         if (x > rect.left() && x + size.width() > end) {
             x = rect.left();
             y += line + gap_;
             line = 0;
         }
-        const bool last = i + 1 == items_.size() ||
-                          x + size.width() + gap_ + Size(*items_[i + 1], rect.width()).width() > end;
+        const bool last =
+            i + 1 == seen.size() || x + size.width() + gap_ + Size(*seen[i + 1], rect.width()).width() > end;
         if (last && item->expandingDirections().testFlag(Qt::Horizontal))
             size.setWidth(std::max(size.width(), end - x));
         if (apply) item->setGeometry({QPoint(x, y), size});

@@ -7,6 +7,7 @@
 
 #include "model/setpoints/setpoint_sentence.h"
 #include "ui/form/form_page.h"
+#include "ui/form/page_with_bar.h"
 #include "ui/setpoints/ctl_setpoint_bar.h"
 #include "ui/setpoints/ctl_trip_drawing.h"
 #include "ui/setpoints/setpoint_texts.h"
@@ -30,16 +31,9 @@ ctlSetpoint::ctlSetpoint(DocumentSession& session, const ItemRef& setpoint, cons
       drawing_(new ctlTripDrawing(session.Context().texts, this)),
       bar_(new ctlSetpointBar(session, tools)),
       form_(new FormPage(session, setpoint, nullptr, FormPage::kMenuLetters + kHeaderLetters)) {
-    auto* rule = new QWidget;
-    rule->setFixedHeight(1);
-    rule->setAutoFillBackground(true);
-    rule->setBackgroundRole(role::kDivider);
     auto* column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 0);
-    column->setSpacing(0);
-    column->addWidget(MakeHeader());
-    column->addWidget(rule);
-    column->addWidget(form_, 1);
+    column->addWidget(new PageWithBar(form_, MakeHeader(), PageWithBar::Edge::Top));
     setFocusProxy(form_);
     bar_->SetNumber(number_);
     connect(bar_, &ctlSetpointBar::Made, this,
@@ -61,12 +55,21 @@ QWidget* ctlSetpoint::MakeHeader() {
     words->setSpacing(metrics::kRelated);
     words->addWidget(sentence_, 1);
     words->addWidget(bar_);
-    auto* header = new QWidget;
-    auto* row = new QHBoxLayout(header);
+    auto* row = new QHBoxLayout;
     row->setContentsMargins(metrics::kPageEdge, metrics::kHalf, metrics::kPageEdge, metrics::kRelated);
     row->setSpacing(metrics::kPageEdge);
     row->addLayout(words, 1);
     row->addWidget(drawing_, 0, Qt::AlignTop);
+    auto* rule = new QWidget;
+    rule->setFixedHeight(1);
+    rule->setAutoFillBackground(true);
+    rule->setBackgroundRole(role::kDivider);
+    auto* header = new QWidget;
+    auto* column = new QVBoxLayout(header);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addLayout(row);
+    column->addWidget(rule);
     return header;
 }
 

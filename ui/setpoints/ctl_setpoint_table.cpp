@@ -26,6 +26,7 @@ namespace {
 
 constexpr int kFilterWidth = 136;
 constexpr int kSentenceWidth = 320;
+constexpr int kRoomy = 320;        // height
 constexpr int kSentenceLines = 2;  // room for most, so that the table does not jump
 
 constexpr ctlItemTable::Texts kTexts{.name = say::kTableName,
@@ -73,7 +74,8 @@ ctlSetpointTable::ctlSetpointTable(DocumentSession& session, const PageTools& to
     column->addWidget(problem_);
     column->addWidget(sentence_);
     auto* below = new WrapLayout(below_, metrics::kRelated);
-    below->addWidget(MakeButtons(false));
+    buttons_ = MakeButtons(false);
+    below->addWidget(buttons_);
     bar_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     below->addWidget(bar_);
     column->addWidget(below_);
@@ -219,6 +221,14 @@ void ctlSetpointTable::Follow() {
     ShowCount();
     ShowCurrent();
     bar_->Refresh();
+}
+
+// Where there is little room the rows get it; what goes is in the last column, the menu and on keys, too.
+void ctlSetpointTable::resizeEvent(QResizeEvent* event) {
+    ctlItemTable::resizeEvent(event);
+    const bool roomy = height() >= kRoomy;
+    for (QWidget* part : std::initializer_list<QWidget*>{sentence_, count_, buttons_})
+        part->setVisible(roomy);
 }
 
 void ctlSetpointTable::showEvent(QShowEvent* event) {

@@ -28,6 +28,7 @@ class ctlSetpointTable : public ctlItemTable {
     std::string Lines(const std::vector<int>& numbers, bool own) const override;
     Pasted Read(std::string_view lines, int first) const override;
     std::vector<Change> Cleared(int number) const override;
+    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
   private:
@@ -48,7 +49,7 @@ class ctlSetpointTable : public ctlItemTable {
     QComboBox* kind_;
     std::vector<QCheckBox*> checks_;
     QLabel *count_, *sentence_, *problem_;
-    QWidget *below_, *noMatch_ = nullptr;
+    QWidget *below_, *buttons_ = nullptr, *noMatch_ = nullptr;
     ctlSetpointBar* bar_;
     bool stale_ = false;
 };

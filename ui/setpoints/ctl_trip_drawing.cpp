@@ -17,7 +17,7 @@ namespace {
 constexpr int kLabelRows = 3;
 constexpr int kBar = 10;   // thickness of the stretches
 constexpr int kArrow = 6;  // at the end of the axis
-constexpr int kWidth = 380, kNarrowest = 220;
+constexpr int kWidth = 380, kNarrowest = 160;
 
 }  // namespace
 

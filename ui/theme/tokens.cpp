@@ -10,7 +10,7 @@ const Tokens& LightTokens() {
         {"#ffffff", "#f5f6f7", "#e9ecee", "#d5dade", "#848d95", "#57616a", "#333b43", "#12171c"},
         "#0b6484",
         "#ffffff",
-        "#d5dade",
+        "#d9dee2",
         "#b3261e",
         1};
     return tokens;

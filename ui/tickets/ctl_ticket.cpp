@@ -37,7 +37,7 @@ class PrinterControl final : public form::ChoiceControl {
 
     PrinterControl(const CTextList& types, QWidget* parent, Follow follow)
         : ChoiceControl(types, parent), follow_(std::move(follow)) {
-        constexpr int kNarrowest = 160;  // so that the preview may be narrow; the list has the whole names
+        constexpr int kNarrowest = 104;  // so that the preview may be narrow; the list has the whole names
         Widget()->setMinimumWidth(kNarrowest);
     }
     bool MayTake(const std::string& text) override { return follow_(text); }
@@ -77,8 +77,10 @@ ctlTicket::ctlTicket(DocumentSession& session, const ItemRef& ticket, const Page
     auto* column = new QVBoxLayout(this);
     // The mark stands in the edge, as on other pages.
     column->setContentsMargins(metrics::kPageEdge - kMarkRoom, 0, metrics::kPageEdge, metrics::kGroups);
-    column->addWidget(sides);
+    // While the text is not inside yet: with a proxy among its own parts Qt 6.4 would lose this page from the
+    // order of Tab, and Tab would go round inside.
     setFocusProxy(control_->Text());
+    column->addWidget(sides);
     connect(&session_, &DocumentSession::Changed, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Settled, this, [this] { Follow(false); });
     connect(&session_, &DocumentSession::Saved, this, [this] { Follow(false); });
@@ -231,6 +233,7 @@ QString ctlTicket::Title(int format) const {
 // It shows all its fields, with what is said at them; the preview gets the rest of the room.
 void ctlTicket::FitForm() {
     QLayout& fields = *form_->widget()->layout();
+    form_->setMinimumWidth(fields.totalMinimumSize().width());
     const int wide = form_->viewport()->width();
     form_->setFixedHeight(fields.hasHeightForWidth() ? fields.totalHeightForWidth(wide)
                                                      : fields.totalSizeHint().height());

@@ -51,6 +51,11 @@ std::vector<GridRow> TicketRows(const CIndicator& document) {
     return rows;
 }
 
+int UseOf(int format) {
+    if (format == kAuditFormat) return say::kAuditUse;
+    return format < kFirstAuxiliary ? say::kTicketUse + format : say::kAuxiliaryUse;
+}
+
 QStringList TicketHeadings(const ResourceTexts& texts) {
     QStringList headings;
     for (const int text : say::kTicketColumns) headings += Say(texts, text);
@@ -90,13 +95,16 @@ ctlTicketTable::ctlTicketTable(DocumentSession& session) : ctlItemTable(session,
     ShowNote();
 }
 
-// What is wrong in the cell, else with the format, else what the cell is for.
+// What is wrong in the cell, else with the format, else what the cell or the format is for.
 void ctlTicketTable::ShowNote() {
     const QModelIndex current = Grid().currentIndex();
     QString problem = Grid().Model().Problem(current);
     if (problem.isEmpty()) problem = ProblemOf(Grid().CurrentNumber());
     note_->setForegroundRole(problem.isEmpty() ? role::kQuietText : role::kProblem);
-    note_->setText(problem.isEmpty() ? Grid().Model().Help(current) : problem);
+    QString words = problem.isEmpty() ? Grid().Model().Help(current) : problem;
+    if (const int format = Grid().CurrentNumber(); words.isEmpty() && format > 0)
+        words = Say(Words(), UseOf(format));
+    note_->setText(words);
 }
 
 const CTickets& ctlTicketTable::Tickets() const {

@@ -85,6 +85,13 @@ void ctlTicketTokens::ChooseCurrent() {
     if (current.isValid()) emit Chosen(current.data(kTokenNameRole).toString());
 }
 
+// Where there is little room, what a token prints matters more than its sample, which the tip has too.
+void ctlTicketTokens::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    constexpr int kCharactersForSamples = 48;
+    list_->setColumnHidden(2, width() < kCharactersForSamples * list_->fontMetrics().averageCharWidth());
+}
+
 bool ctlTicketTokens::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
     const int key = static_cast<QKeyEvent*>(event)->key();

@@ -25,6 +25,7 @@ class ctlTicketTokens : public QWidget {
     void Chosen(const QString& name);  // without brackets
 
   protected:
+    void resizeEvent(QResizeEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:

@@ -16,6 +16,9 @@ inline constexpr int kTicketLinesOdd = 40822;  // {1} lines
 inline constexpr int kRestoreTickets = 40823;  // {1} how many
 inline constexpr int kTicketsAreDefault = 40824;
 inline constexpr int kRestoreTicket = 40825;  // {1} the format's place
+inline constexpr int kTicketUse = 42410;      // + format, of those before the auxiliary ones
+inline constexpr int kAuxiliaryUse = 42421;
+inline constexpr int kAuditUse = 42422;
 
 // The page of a format.
 inline constexpr int kRestoreText = 40830;

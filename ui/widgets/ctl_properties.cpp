@@ -34,6 +34,7 @@ ctlProperties::ctlProperties(DocumentSession& session, ScreenState& state, Scree
     heading_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     area_->setFrameShape(QFrame::NoFrame);
     area_->setWidgetResizable(true);
+    area_->setFocusPolicy(Qt::ClickFocus);  // its fields scroll it, so Tab passes it by
     area_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     help_->setObjectName(QStringLiteral("propertyHelp"));
     help_->setFont(TextFont(TextSize::Small));
@@ -60,6 +61,7 @@ ctlProperties::~ctlProperties() = default;
 QWidget* ctlProperties::MakeSwitches() {
     auto* alphabetic = MakeSwitch(kAlphabetic, kAlphabeticTip, "chkAlphabetic", settings_.DispAlphaPropView);
     auto* explain = MakeSwitch(kDescription, kDescriptionTip, "chkExplain", settings_.DispShowDescription);
+    switches_ = {alphabetic, explain};
     connect(alphabetic, &QCheckBox::toggled, this, [this](bool on) {
         settings_.DispAlphaPropView = on;
         Build();
@@ -144,6 +146,18 @@ void ctlProperties::Build() {
         Explain(nullptr);
     }
     area_->setWidget(content);
+    PutInTabOrder();
+}
+
+// The content comes last by itself, and its fields in the order of their making.
+void ctlProperties::PutInTabOrder() {
+    QWidget* before = area_;
+    const auto follow = [&before](QWidget* next) {
+        setTabOrder(before, next);
+        before = next;
+    };
+    for (const auto& field : fields_) follow(field->ControlWidget());
+    for (QCheckBox* box : switches_) follow(box);
 }
 
 void ctlProperties::Fill(QWidget& content) {
@@ -163,7 +177,6 @@ void ctlProperties::Fill(QWidget& content) {
     grid->setVerticalSpacing(2);
     grid->setColumnStretch(1, 1);
     int line = 0, group = 0;
-    QWidget* before = nullptr;
     for (const auto& field : fields_) {
         if (!alphabetic && field->Group() != group) {
             group = field->Group();
@@ -180,8 +193,6 @@ void ctlProperties::Fill(QWidget& content) {
         field->Unit()->setHidden(plain);
         ++line;
         grid->addWidget(field->Message(), line++, 0, 1, 3);
-        if (before != nullptr) setTabOrder(before, field->ControlWidget());
-        before = field->ControlWidget();
         connect(field.get(), &PropertyField::Focused, this, [this, own = field.get()] {
             Explain(own);
             area_->ensureWidgetVisible(own->ControlWidget());

@@ -31,6 +31,7 @@ class ctlProperties : public QWidget {
     void Follow();
     void Build();
     void Fill(QWidget& content);
+    void PutInTabOrder();
     void Explain(const PropertyField* field);
     std::vector<std::string> Common() const;  // stems that all chosen widgets have, in the order of the first
 
@@ -41,6 +42,7 @@ class ctlProperties : public QWidget {
     QLabel* heading_;
     QScrollArea* area_;
     QLabel* help_;
+    std::array<QCheckBox*, 2> switches_{};
     std::vector<std::unique_ptr<PropertyField>> fields_;
     std::vector<std::string> built_;  // what the fields are for
     WidgetKind kind_{};

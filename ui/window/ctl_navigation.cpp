@@ -12,7 +12,7 @@ namespace calyx::ui {
 
 namespace {
 
-constexpr int kWidth = 208, kNarrowest = 176;
+constexpr int kWidth = 224, kNarrowest = 184;
 constexpr int kIndent = 12;
 
 }  // namespace

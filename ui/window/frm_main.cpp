@@ -17,6 +17,7 @@
 #include "ui/text.h"
 #include "ui/texts.h"
 #include "ui/theme/metrics.h"
+#include "ui/window/tab_order.h"
 
 namespace calyx::ui {
 
@@ -61,6 +62,11 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
     ShowFacts();
     ShowSteps();
     FillRecent();
+}
+
+// From the navigation into its page, though pages are made long after what stands behind them.
+bool frmMain::focusNextPrevChild(bool next) {
+    return StepFocus(Parts(), next) || QMainWindow::focusNextPrevChild(next);
 }
 
 frmMain::~frmMain() {
@@ -128,6 +134,8 @@ void frmMain::ConnectCommands() {
     on(actions_->editDefaults, [this] { RestoreShown(); });
     on(actions_->viewPrevious, [this] { navigation_->Step(-1); });
     on(actions_->viewNext, [this] { navigation_->Step(1); });
+    on(actions_->viewPart, [this] { StepPart(Parts(), true); });
+    on(actions_->viewPartBack, [this] { StepPart(Parts(), false); });
     on(actions_->linkConnect, [this] { link_.Connect(); });
     on(actions_->linkSimulated, [this] { link_.ConnectSimulated(); });
     on(actions_->linkDisconnect, [this] { link_.Disconnect(); });

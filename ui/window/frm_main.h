@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <array>
 
 #include "app/context.h"
 #include "ui/dialogs/dialogs.h"
@@ -46,6 +47,7 @@ class frmMain : public QMainWindow {
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     bool event(QEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void resizeEvent(QResizeEvent* event) override;
 
   private:
@@ -55,6 +57,7 @@ class frmMain : public QMainWindow {
     void ConnectViews();
     void ConnectViewMenu();
 
+    std::array<QWidget*, 5> Parts() const { return {navigation_, pages_, lines_, panes_, find_}; }
     void ShowPlace(const Place& place);
     void ShowTitle();
     void ShowFacts();

@@ -36,6 +36,8 @@ MainActions::MainActions(const ResourceTexts& texts, QObject* parent)
     viewPanes = MakeToggle("viewPanes", say::kBottomPanes);
     viewPrevious = Make("viewPrevious", say::kPreviousPage, Keys(QStringLiteral("Ctrl+PgUp")));
     viewNext = Make("viewNext", say::kNextPage, Keys(QStringLiteral("Ctrl+PgDown")));
+    viewPart = Make("viewPart", say::kNextPart, Keys(Qt::Key_F6));
+    viewPartBack = Make("viewPartBack", say::kPreviousPart, Keys(Qt::SHIFT | Qt::Key_F6));
     linkConnect = Make("linkConnect", say::kConnect, {}, IconName::Connect);
     linkSimulated = Make("linkSimulated", say::kSimulated);
     linkDisconnect = Make("linkDisconnect", say::kDisconnect);
@@ -120,7 +122,7 @@ void MainActions::MakeMenus(QMenuBar& bar) {
     edit->addAction(editDefaults);
 
     QMenu* view = AddMenu(bar, say::kMenuView, "menuView");
-    view->addActions({viewPrevious, viewNext});
+    view->addActions({viewPrevious, viewNext, viewPart, viewPartBack});
     view->addSeparator();
     view->addActions({viewToolBar, viewStatusBar, viewLines, viewPanes});
     view->addSeparator();

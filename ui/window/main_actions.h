@@ -28,7 +28,8 @@ class MainActions : public QObject {
 
     QAction *fileNew, *fileOpen, *fileSave, *fileSaveAs, *fileSaveCopy, *filePrint, *fileImport, *fileExit;
     QAction *editUndo, *editRedo, *editFind, *editDefaults;
-    QAction *viewToolBar, *viewStatusBar, *viewLines, *viewPanes, *viewPrevious, *viewNext;
+    QAction *viewToolBar, *viewStatusBar, *viewLines, *viewPanes, *viewPrevious, *viewNext, *viewPart,
+        *viewPartBack;
     QAction *linkConnect, *linkSimulated, *linkDisconnect, *linkSend, *linkRead, *linkCompare, *linkCalibrate,
         *linkTerminal, *linkTraining;
     QAction *toolsCheck, *toolsStream;

@@ -275,10 +275,12 @@ class FieldTest : public QObject {
         FormFixture form;
         form.Type("CONTACT.EMAIL", "nonsense");
         QCOMPARE(form.Value("CONTACT.EMAIL"), std::string("nonsense"));
+        form.session.Settle();
         QVERIFY(form.Message("CONTACT.EMAIL")->text().startsWith("\"nonsense\" is no e-mail address"));
         QVERIFY(form.MarkWords("CONTACT.EMAIL").startsWith("Problem: \"nonsense\""));
         QVERIFY(form.MarkWords("CONTACT.EMAIL").contains("Changed since the file was saved. It was empty."));
         form.Type("CONTACT.EMAIL", "office@plant.example");
+        form.session.Settle();
         QVERIFY(!form.Message("CONTACT.EMAIL")->isVisible());
     }
 

@@ -18,6 +18,7 @@
 #include "ui/link/dialog_parts.h"
 #include "ui/texts.h"
 #include "ui/theme/theme.h"
+#include "ui/widgets/scale_display.h"
 
 namespace calyx::ui {
 
@@ -26,6 +27,7 @@ using namespace wizard_text;
 namespace {
 constexpr QSize kUsual(640, 480);
 constexpr int kWeightWidth = 120, kCountWidth = 160;
+constexpr int kCountColumnAt = 4;  // of the grid of linear points
 }  // namespace
 
 frmCalibrationWizard::frmCalibrationWizard(AppContext& app, DocumentSession& session, LinkDesk& desk,
@@ -144,6 +146,19 @@ void frmCalibrationWizard::MakePages() {
     static_cast<QVBoxLayout*>(page->layout())->addStretch();
 }
 
+// Weights are in the primary units of the scale, which is chosen later.
+QLabel* frmCalibrationWizard::MakeUnits() {
+    auto* units = new QLabel;
+    units->setForegroundRole(role::kQuietText);
+    units_.push_back(units);
+    return units;
+}
+
+void frmCalibrationWizard::ShowUnits(int scale) {
+    const QString units = DisplaysOf(std::as_const(session_).Document().Scales())(scale).units;
+    for (QLabel* label : units_) label->setText(units);
+}
+
 // Zero and span have the same weight.
 void frmCalibrationWizard::MakeWeightRow() {
     weightRow_ = new QWidget(this);
@@ -156,6 +171,7 @@ void frmCalibrationWizard::MakeWeightRow() {
     weight_->setFixedWidth(kWeightWidth);
     fields->addWidget(label);
     fields->addWidget(weight_);
+    fields->addWidget(MakeUnits());
     fields->addStretch();
 }
 
@@ -174,7 +190,14 @@ void frmCalibrationWizard::AddLinear(QWidget* page) {
     auto* fields = new QGridLayout;
     fields->setHorizontalSpacing(metrics::kGroups);
     fields->setVerticalSpacing(metrics::kRelated);
-    fields->setColumnStretch(3, 1);
+    fields->setColumnStretch(kCountColumnAt, 1);
+    const auto head = [&](int text, int column) {
+        auto* heading = new QLabel(Text(text));
+        heading->setForegroundRole(role::kQuietText);
+        fields->addWidget(heading, 0, column);
+    };
+    head(kWeightColumn, 1);
+    head(kCountColumn, kCountColumnAt);
     for (int point = 1; point <= CalibrationValues::kPoints; ++point) {
         const QString number = QString::number(point);
         auto* weight = new QLineEdit;
@@ -186,12 +209,13 @@ void frmCalibrationWizard::AddLinear(QWidget* page) {
         go->setObjectName(QStringLiteral("cmdGoLinear") + number);
         go->setAutoDefault(false);
         connect(go, &QPushButton::clicked, this, [this, point] { cmdGoLinear_Click(point); });
-        fields->addWidget(go, point, 2);
+        fields->addWidget(MakeUnits(), point, 2);
+        fields->addWidget(go, point, 3);
         auto* count = new QLabel;
         count->setObjectName(QStringLiteral("lblLinear") + number);
         count->setFont(FiguresFont());
         count->setMinimumWidth(kCountWidth);
-        fields->addWidget(count, point, 3);
+        fields->addWidget(count, point, kCountColumnAt);
         points_[static_cast<std::size_t>(point - 1)] = {weight, count};
     }
     auto* column = static_cast<QVBoxLayout*>(page->layout());
@@ -306,6 +330,7 @@ void frmCalibrationWizard::GetCurrentCalibration() {
     const int scale = scale_->currentData().toInt();
     if (!Work([&] { return calibration_.Begin(scale); })) return;
     const CalibrationValues& old = calibration_.Old();
+    ShowUnits(scale);
     weight_->setText(Shown(old.testWeight));
     for (std::size_t i = 0; i < points_.size(); ++i) {
         points_[i].weight->setText(Shown(old.linearWeights[i]));
@@ -361,7 +386,7 @@ void frmCalibrationWizard::cmdGoLinear_Click(int point) {
     const auto weight = Weight(*fields.weight);
     if (!weight || !Work([&] { return calibration_.Linear(point, *weight); })) return;
     const auto i = static_cast<std::size_t>(point - 1);
-    fields.count->setText(Say(app_.model.texts, kCounts, Shown(calibration_.New().linearCounts[i]),
+    fields.count->setText(Say(app_.model.texts, kPointCounts, Shown(calibration_.New().linearCounts[i]),
                               Shown(calibration_.Old().linearCounts[i])));
 }
 

@@ -44,6 +44,8 @@ class frmCalibrationWizard : public QDialog, private ICalibrationEvents {
     void AddScales();
     void MakePages();
     QWidget* AddPage(int title, int words);
+    QLabel* MakeUnits();
+    void ShowUnits(int scale);
     void MakeWeightRow();
     void AddStep(QWidget* page, int caption, const char* name, void (frmCalibrationWizard::*click)());
     void AddLinear(QWidget* page);
@@ -89,6 +91,7 @@ class frmCalibrationWizard : public QDialog, private ICalibrationEvents {
         QLabel* count;
     };
     std::array<Point, CalibrationValues::kPoints> points_{};
+    std::vector<QLabel*> units_;  // behind the weights
     QTextBrowser* certificate_;
     QProgressBar* progress_;
     QPushButton *back_, *next_, *cancel_;

@@ -52,5 +52,8 @@ inline constexpr int kMenu = 41785;
 inline constexpr int kRefused = 41786;
 inline constexpr int kForget = 41787;
 inline constexpr int kPrint = 41788;
+inline constexpr int kWeightColumn = 42400;
+inline constexpr int kCountColumn = 42401;
+inline constexpr int kPointCounts = 42402;  // {1} counts now, {2} before
 
 }  // namespace calyx::ui::wizard_text

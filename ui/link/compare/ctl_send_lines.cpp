@@ -60,8 +60,8 @@ ctlSendLines::ctlSendLines(const CIndicator& document, QWidget* parent)
     header()->setStretchLastSection(true);
     header()->resizeSection(kKeyColumn, kKeyWidth);
     header()->resizeSection(kCaptionColumn, kCaptionWidth);
-    header()->resizeSection(kDocumentColumn, kValueWidth);
-    header()->resizeSection(kHeldColumn, kValueWidth);
+    for (const int column : {kDocumentColumn, kHeldColumn})
+        header()->resizeSection(column, std::max(kValueWidth, header()->sectionSizeHint(column)));
     connect(this, &QTreeWidget::itemChanged, this, &ctlSendLines::TickChanged);
     connect(this, &QTreeWidget::itemActivated, this, [this](QTreeWidgetItem* item) {
         const QVariant place = item->data(0, kPlaceOfLine);

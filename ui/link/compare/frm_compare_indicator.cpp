@@ -10,6 +10,7 @@
 #include <QScopeGuard>
 #include <system_error>
 
+#include "comm/link_texts.h"
 #include "platform/paths.h"
 #include "ui/dialogs/screen_fit.h"
 #include "ui/link/compare/compare_texts.h"
@@ -421,6 +422,8 @@ void frmCompareIndicator::Done(LineFate fate) {
 }
 
 void frmCompareIndicator::Notice(const std::string& title, const std::string& text) {
+    // Why a run ended stands in the window afterwards, with what is to be done here.
+    if (title == app_.model.texts.Text(link_text::kSectionFailedTitle)) return;
     Tell(dialogs_, app_.model.texts, this, Tone::Information, title.empty() ? windowTitle() : Shown(title),
          Shown(text));
 }

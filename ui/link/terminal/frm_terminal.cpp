@@ -166,16 +166,31 @@ QLayout* frmTerminal::MakeButtons() {
     return row;
 }
 
-// The keys of this configuration, and what an indicator understands besides.
+// All keys that this configuration can have, written at present or not, and what an indicator understands
+// besides.
 void frmTerminal::MakeCompletion() {
     QStringList words{QStringLiteral("VERSION"), QStringLiteral("KNIX"), QStringLiteral("DUMPALL")};
-    for (const KeyValue& line : session_.Document().Lines()) words += KeyText(line.key);
+    for (const Section* section : std::as_const(session_).Document().Sections()) {
+        for (const Item* item : section->Items()) {
+            for (std::size_t row = 0; row < item->RowCount(); ++row) {
+                const Use use = item->Info(row).more.use;
+                if (use == Use::Line || use == Use::ReadOnly) words += KeyText(item->Key(row));
+            }
+        }
+    }
     words.sort();
     words.removeDuplicates();
     auto* completer = new QCompleter(words, line_);
     completer->setCaseSensitivity(Qt::CaseInsensitive);
     completer->popup()->setFont(FixedFont());
     line_->setCompleter(completer);
+    // The list of completions would keep Enter to itself; one that is chosen in it is only taken into the
+    // line.
+    connect(line_, &QLineEdit::returnPressed, this, [this, popup = completer->popup()] {
+        if (!popup->isVisible() || popup->currentIndex().isValid()) return;
+        popup->hide();
+        SendTyped();
+    });
 }
 
 bool frmTerminal::eventFilter(QObject* watched, QEvent* event) {
