@@ -23,6 +23,7 @@ class LinkSafeTest : public QObject {
     void WhatIsNotReadBackIsNoSuccess();
     void ABrokenRunGoesOnAfterARestart();
     void ABrokenRunCanBeForgotten();
+    void APlainDownloadGoesOnToo();
     void PausedNothingIsSent();
     void DetectionCanBeCancelled();
 };
@@ -149,6 +150,30 @@ void LinkSafeTest::ABrokenRunCanBeForgotten() {
     test.main.Press("frmConnect", "cmdSimulated");
     QTRY_VERIFY(test.main.Dialog(kDialog) != nullptr && test.Note().startsWith("To be sent: 2"));
     QVERIFY(!QFile::exists(test.main.Path("send.journal")));
+    VERIFY_DIALOGS(test.main);
+}
+
+void LinkSafeTest::APlainDownloadGoesOnToo() {
+    Differing test;
+    test.main.window->Desk().Simulator()->AddFault("drop:40");
+    test.main.Choose("linkSend");
+    test.main.Press("frmDownload", "cmdStart");
+    const QString status = test.main.Dialog("frmDownload")->findChild<QLabel*>("lblStatus")->text();
+    QVERIFY2(status.contains("The position is kept"), qPrintable(status));
+    test.main.Press("frmDownload", "cmdClose");
+    QTRY_VERIFY(test.main.Dialog("frmDownload") == nullptr);
+    QVERIFY(QFile::exists(test.main.Path("send.journal")));
+
+    test.main.dialogs.Answer("Connect...");
+    test.main.Choose("linkSend");
+    QTRY_VERIFY(test.main.Dialog("frmConnect") != nullptr);
+    test.main.dialogs.Answer("Resume");
+    test.main.Press("frmConnect", "cmdSimulated");
+    QVERIFY(!test.main.dialogs.asked.back().buttons.contains("Restore what was there"));
+    QTRY_VERIFY(test.main.Dialog(kDialog) != nullptr && test.Note().contains("Sent: "));
+    QVERIFY(!QFile::exists(test.main.Path("send.journal")));
+    for (const char* line : {"UID=ONE", "SC.GRADS#1=4000", "SC.ZRANGE#1=1.8%"})
+        QVERIFY2(test.Holds(line), line);
     VERIFY_DIALOGS(test.main);
 }
 

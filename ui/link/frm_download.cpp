@@ -9,8 +9,11 @@
 #include <QPushButton>
 #include <QScopeGuard>
 #include <algorithm>
+#include <utility>
 
 #include "comm/link_texts.h"
+#include "ui/link/compare/compare_texts.h"
+#include "ui/link/compare/frm_compare_indicator.h"
 #include "ui/link/elapsed.h"
 #include "ui/link/frm_download_errors.h"
 #include "ui/text.h"
@@ -32,13 +35,16 @@ bool HasLines(const CIndicator& document, SendStep step) {
 }  // namespace
 
 frmDownload::frmDownload(AppContext& app, DocumentSession& session, LinkDesk& desk, Dialogs& dialogs,
-                         QWidget* parent)
+                         QString documentName, QWidget* parent)
     : QDialog(parent),
       app_(app),
       session_(session),
       desk_(desk),
       dialogs_(dialogs),
-      download_(desk.Link(), app.cancel, *this),
+      documentName_(std::move(documentName)),
+      journal_(*app.model.files, app.model.texts, frmCompareIndicator::JournalFile(app)),
+      events_(journal_, *this),
+      download_(desk.Link(), app.cancel, events_),
       txtFilename_(new QLineEdit),
       cmdBrowse_(new QPushButton),
       lblStatus_(new QLabel),
@@ -245,12 +251,15 @@ void frmDownload::cmdStart_Click() {
         options.programFile = Utf8(txtFilename_->text().trimmed());
         if (options.programFile.empty()) return lblStatus_->setText(Say(texts, say::kNeedProgram));
     }
+    if (!MayReplace()) return;
     SaveDownloadOptions();
     const DownloadReport report = Run(options);
     cmdClose_->setFocus();
     txtCurrentCommand_->clear();
     // Stays to be read when the box that told it is closed.
     if (!report.reason.empty()) lblStatus_->setText(Shown(report.status + "\n" + report.reason));
+    if (report.end == DownloadReport::End::Lost && journal_.Find())
+        lblStatus_->setText(lblStatus_->text() + QLatin1Char(' ') + Say(texts, compare_text::kPositionKept));
     KeepAccepted(report);
     emit Ended(report);
     if (!report.failed.empty()) ShowDownloadErrors(report);
@@ -271,7 +280,7 @@ DownloadReport frmDownload::Run(const DownloadOptions& options) {
     shown_.invalidate();
     accepted_.clear();
     try {
-        return download_.Run(session_.Document(), options, app_.model.target.Gated());
+        return RunJournaled(options);
     } catch (const Error& error) {
         const ResourceTexts& texts = app_.model.texts;
         app_.Record(error);
@@ -281,6 +290,39 @@ DownloadReport frmDownload::Run(const DownloadOptions& options) {
         TellError(dialogs_, texts, this, Say(texts, say::kDownloadFailedTitle), error);
         return report;
     }
+}
+
+bool frmDownload::MayReplace() {
+    using namespace compare_text;
+    const ResourceTexts& texts = app_.model.texts;
+    return !journal_.Find() || dialogs_.Ask(this, {Tone::Warning,
+                                                   Say(texts, kReplacesTitle),
+                                                   Say(texts, kReplaces),
+                                                   {},
+                                                   {Say(texts, kReplacesGo), Say(texts, say::kCancel)},
+                                                   1}) == 0;
+}
+
+// Without a journal it goes as well, but cannot be resumed.
+DownloadReport frmDownload::RunJournaled(const DownloadOptions& options) {
+    const ResourceTexts& texts = app_.model.texts;
+    const SendRecord record{.where = desk_.Link().Where(),
+                            .document = Utf8(documentName_),
+                            .backup = {},
+                            .target = app_.model.target,
+                            .timeoutMs = options.timeoutMs,
+                            .haltOnError = options.haltOnError,
+                            .steps = PlanDownload(session_.Document(), options, app_.model.target.Gated()),
+                            .fates = {}};
+    try {
+        journal_.Begin(record);
+    } catch (const Error& error) {
+        app_.Record(error);
+        Notice({}, error.Description() + " " + texts.Text(compare_text::kNoPosition));
+    }
+    DownloadReport report = download_.RunSteps(record.steps, options, texts);
+    if (report.end != DownloadReport::End::Lost) journal_.Remove();
+    return report;
 }
 
 // Every line was noted before it went out. The failed ones are told in that order; beyond them only the

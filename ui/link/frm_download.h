@@ -8,6 +8,7 @@
 
 #include "app/context.h"
 #include "comm/download.h"
+#include "comm/send_journal.h"
 #include "ui/dialogs/dialogs.h"
 #include "ui/document_session.h"
 #include "ui/link/link_desk.h"
@@ -23,12 +24,15 @@ namespace calyx::ui {
 class ElapsedLabel;
 
 // The download dialog: chooses what to send, sends it, shows how far it is, and offers the lines that the
-// indicator did not accept. The choice is kept in the settings.
+// indicator did not accept. The choice is kept in the settings; where the link is lost, the position is kept
+// in the journal of runs, to go on from there.
 class frmDownload : public QDialog, private IDownloadEvents {
     Q_OBJECT
 
   public:
-    frmDownload(AppContext& app, DocumentSession& session, LinkDesk& desk, Dialogs& dialogs, QWidget* parent);
+    // `documentName` is the configuration's for people, kept with the position of a run.
+    frmDownload(AppContext& app, DocumentSession& session, LinkDesk& desk, Dialogs& dialogs,
+                QString documentName, QWidget* parent);
 
     bool Downloading() const { return downloading_; }
     void reject() override;
@@ -54,7 +58,9 @@ class frmDownload : public QDialog, private IDownloadEvents {
     void cmdStart_Click();
     void cmdAbort_Click();
     void cmdBrowse_Click();
+    bool MayReplace();  // a run that was broken off, by this one
     DownloadReport Run(const DownloadOptions& options);
+    DownloadReport RunJournaled(const DownloadOptions& options);
     void KeepAccepted(const DownloadReport& report);
     void ShowDownloadErrors(const DownloadReport& report);
     void InitDownloadOptions();
@@ -72,6 +78,9 @@ class frmDownload : public QDialog, private IDownloadEvents {
     DocumentSession& session_;
     LinkDesk& desk_;
     Dialogs& dialogs_;
+    QString documentName_;
+    SendJournal journal_;
+    JournaledEvents events_;
     CDownload download_;
     std::array<Option, 6> options_{};
     QLineEdit* txtFilename_;

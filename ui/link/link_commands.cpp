@@ -152,10 +152,12 @@ void LinkCommands::Send() {
 }
 
 void LinkCommands::SendNow() {
-    auto* dialog = new frmDownload(app_, session_, desk_, dialogs_, window_);
-    connect(dialog, &frmDownload::Ended, this,
-            [this, dialog](const DownloadReport& report) { EndOfDownload(report, dialog->Accepted()); });
-    dialog->open();
+    OfferPendingSend([this] {
+        auto* dialog = new frmDownload(app_, session_, desk_, dialogs_, files_.Name(), window_);
+        connect(dialog, &frmDownload::Ended, this,
+                [this, dialog](const DownloadReport& report) { EndOfDownload(report, dialog->Accepted()); });
+        dialog->open();
+    });
 }
 
 void LinkCommands::EndOfDownload(const DownloadReport& report, const std::vector<std::string>& accepted) {
@@ -295,20 +297,24 @@ void LinkCommands::OfferPendingSend(const std::function<void()>& otherwise) {
     SendJournal journal(*app_.model.files, texts, frmCompareIndicator::JournalFile(app_));
     const auto record = journal.Find();
     if (!record) return otherwise();
-    const int answer = dialogs_.Ask(
+    const bool canRestore = !record->backup.empty();
+    const int words = record->restores ? kPendingRestores : canRestore ? kPending : kPendingPlain;
+    QStringList ways{Text(kPendingResume), Text(kPendingForget), Text(kPendingLater)};
+    if (canRestore) ways.insert(1, Text(kPendingRestore));
+    const QString chosen = ways.at(dialogs_.Ask(
         window_, {Tone::Warning,
                   Text(kPendingTitle),
-                  Say(texts, record->restores ? kPendingRestores : kPending, Shown(record->document),
-                      Shown(record->where), QString::number(record->Left()),
-                      QString::number(CountLines(record->steps))),
+                  Say(texts, words, Shown(record->document), Shown(record->where),
+                      QString::number(record->Left()), QString::number(CountLines(record->steps))),
                   {},
-                  {Text(kPendingResume), Text(kPendingRestore), Text(kPendingForget), Text(kPendingLater)}});
-    if (answer == 3) return otherwise();
-    if (answer == 2) {
+                  ways}));
+    if (chosen == Text(kPendingLater)) return otherwise();
+    if (chosen == Text(kPendingForget)) {
         journal.Remove();
         return otherwise();
     }
-    WithConnection([this, answer] { GoOnWithPending(answer == 1); });
+    const bool restore = chosen == Text(kPendingRestore);
+    WithConnection([this, restore] { GoOnWithPending(restore); });
 }
 
 // A simulated indicator has another port every time.

@@ -61,5 +61,8 @@ inline constexpr int kReplacesTitle = 41719;
 inline constexpr int kReplaces = 41720;
 inline constexpr int kReplacesGo = 41721;
 inline constexpr int kPendingRestores = 41722;  // as kPending, a run that put back
+inline constexpr int kPendingPlain = 41723;     // as kPending, a run without a backup
+inline constexpr int kPositionKept = 41724;
+inline constexpr int kNoPosition = 41725;
 
 }  // namespace calyx::ui::compare_text
