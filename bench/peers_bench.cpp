@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <iostream>
 #include <optional>
+#include <set>
 
 #include "bench/child.h"
 #include "bench/floor.h"
@@ -99,11 +100,23 @@ class Measurement {
         std::string made;  // file in the peer's form
     };
 
+    // Everyone holds the lines that Calyx has of the configuration: no indicator has room for all its cards.
+    static std::vector<KeyValue> LinesHeld() {
+        const test::TestContext context(CALYX_DATA_DIR);
+        CIndicator document(context);
+        document.LoadText(FullSizeFile(), "full size");
+        std::vector<KeyValue> lines;
+        std::set<std::string> keys;
+        for (KeyValue& line : document.Lines()) {  // a scale of kind 5 writes some lines twice
+            if (keys.insert(line.key).second) lines.push_back(std::move(line));
+        }
+        return lines;
+    }
     static void MakeAndCheck(const Named& named, const std::string& path) {
-        const auto lines = ReadLines(FullSizeBody());
+        const auto lines = LinesHeld();
         named.peer->Make(lines, path);
         named.peer->Load(path);
-        if (named.peer->Count() != lines.size())
+        if (named.peer->Count() < lines.size())
             throw std::runtime_error(named.name + " has " + std::to_string(named.peer->Count()) + " of " +
                                      std::to_string(lines.size()) + " values");
     }
