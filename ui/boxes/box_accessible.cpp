@@ -1,11 +1,10 @@
 #include "ui/boxes/box_accessible.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QPointer>
-#include <map>
 
 #include "ui/boxes/ctl_box_picture.h"
+#include "ui/parts_access.h"
 
 namespace calyx::ui {
 
@@ -68,37 +67,20 @@ class PartAccess final : public QAccessibleInterface, public QAccessibleActionIn
     int place_;
 };
 
-class PictureAccess final : public QAccessibleWidget {
+class PictureAccess final : public PartsAccess {
   public:
-    explicit PictureAccess(ctlBoxPicture& picture)
-        : QAccessibleWidget(&picture, QAccessible::List), picture_(picture) {}
-    ~PictureAccess() override {
-        for (const auto& [place, id] : made_) QAccessible::deleteAccessibleInterface(id);
-    }
+    explicit PictureAccess(ctlBoxPicture& picture) : PartsAccess(picture), picture_(picture) {}
 
     int childCount() const override { return static_cast<int>(picture_.Plan().parts.size()); }
-    QAccessibleInterface* child(int place) const override {
-        if (place < 0 || place >= childCount()) return nullptr;
-        const auto found = made_.find(place);
-        if (found != made_.end()) return QAccessible::accessibleInterface(found->second);
-        auto* made = new PartAccess(picture_, place);
-        made_.emplace(place, QAccessible::registerAccessibleInterface(made));
-        return made;
-    }
-    int indexOfChild(const QAccessibleInterface* wanted) const override {
-        for (const auto& [place, id] : made_) {
-            if (QAccessible::accessibleInterface(id) == wanted) return place;
-        }
-        return -1;
-    }
     QAccessibleInterface* childAt(int x, int y) const override {
         return child(picture_.Plan().PartAt(picture_.mapFromGlobal(QPoint(x, y))));
     }
     QAccessibleInterface* focusChild() const override { return child(picture_.Marks().focus); }
 
   private:
+    QAccessibleInterface* MakePart(int place) const override { return new PartAccess(picture_, place); }
+
     ctlBoxPicture& picture_;
-    mutable std::map<int, QAccessible::Id> made_;
 };
 
 QAccessibleInterface* Make(const QString&, QObject* object) {

@@ -1,11 +1,10 @@
 #include "ui/widgets/screen_accessible.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QPointer>
 #include <algorithm>
-#include <map>
 
+#include "ui/parts_access.h"
 #include "ui/widgets/ctl_screen.h"
 #include "ui/widgets/widget_words.h"
 
@@ -69,29 +68,11 @@ class WidgetAccess final : public QAccessibleInterface, public QAccessibleAction
     int place_;
 };
 
-class ScreenAccess final : public QAccessibleWidget {
+class ScreenAccess final : public PartsAccess {
   public:
-    explicit ScreenAccess(ctlScreen& screen)
-        : QAccessibleWidget(&screen, QAccessible::List), screen_(screen) {}
-    ~ScreenAccess() override {
-        for (const auto& [place, id] : made_) QAccessible::deleteAccessibleInterface(id);
-    }
+    explicit ScreenAccess(ctlScreen& screen) : PartsAccess(screen), screen_(screen) {}
 
     int childCount() const override { return static_cast<int>(screen_.State().OnScreen().size()); }
-    QAccessibleInterface* child(int place) const override {
-        if (place < 0 || place >= childCount()) return nullptr;
-        const auto found = made_.find(place);
-        if (found != made_.end()) return QAccessible::accessibleInterface(found->second);
-        auto* made = new WidgetAccess(screen_, place);
-        made_.emplace(place, QAccessible::registerAccessibleInterface(made));
-        return made;
-    }
-    int indexOfChild(const QAccessibleInterface* wanted) const override {
-        for (const auto& [place, id] : made_) {
-            if (QAccessible::accessibleInterface(id) == wanted) return place;
-        }
-        return -1;
-    }
     QAccessibleInterface* childAt(int x, int y) const override {
         for (int place = childCount() - 1; place >= 0; --place) {
             if (child(place)->rect().contains(x, y)) return child(place);
@@ -105,8 +86,9 @@ class ScreenAccess final : public QAccessibleWidget {
     }
 
   private:
+    QAccessibleInterface* MakePart(int place) const override { return new WidgetAccess(screen_, place); }
+
     ctlScreen& screen_;
-    mutable std::map<int, QAccessible::Id> made_;
 };
 
 QAccessibleInterface* Make(const QString&, QObject* object) {
