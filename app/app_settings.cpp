@@ -1,10 +1,12 @@
 #include "app/app_settings.h"
 
 #include <algorithm>
+#include <stdexcept>
 #include <system_error>
 #include <utility>
 
 #include "app/error_codes.h"
+#include "model/language/reason.h"
 
 namespace calyx {
 
@@ -38,10 +40,14 @@ std::string CAppSettings::KeyPath(const SettingRow& row) const {
 
 void CAppSettings::LoadRow(const SettingRow& row) {
     Set(row, row.standard);
-    const auto stored = store_.Get(row.root, KeyPath(row), row.value);
-    if (stored && !Set(row, *stored)) {
-        recorder_(
-            Error(code::kSetting, kLoad, texts_.Format(code::kSetting, {row.property, '"' + *stored + '"'})));
+    const auto record = [&](const std::string& what) {
+        recorder_(Error(code::kSetting, kLoad, texts_.Format(code::kSetting, {row.property, what})));
+    };
+    try {
+        const auto stored = store_.Get(row.root, KeyPath(row), row.value);
+        if (stored && !Set(row, *stored)) record('"' + *stored + '"');
+    } catch (const NoTextError& other) {
+        record(other.what());
     }
 }
 
@@ -53,7 +59,7 @@ void CAppSettings::Load() {
             LoadRow(row);
         } catch (const std::system_error& failure) {
             if (!unread.empty()) return;
-            unread = failure.code().message();
+            unread = Reason(failure);
             recorder_(Error(code::kSettingsUnread, kLoad, texts_.Format(code::kSettingsUnread, {unread})));
         }
     });
@@ -63,7 +69,7 @@ void CAppSettings::Load() {
 std::optional<std::string> CAppSettings::Stored(const SettingRow& row) const {
     try {
         return store_.Get(row.root, KeyPath(row), row.value);
-    } catch (const std::system_error&) {
+    } catch (const std::runtime_error&) {
         return std::nullopt;  // Load reports it
     }
 }
@@ -103,7 +109,7 @@ void CAppSettings::Save() {
     try {
         if (!store_.Save() && machineWideChanged) trouble = texts_.Text(code::kMachineWide);
     } catch (const std::system_error& failure) {
-        trouble = failure.code().message();
+        trouble = Reason(failure);
     }
     if (!trouble.empty())
         throw Error(code::kSettingsUnsaved, kSave, texts_.Format(code::kSettingsUnsaved, {trouble}));

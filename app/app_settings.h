@@ -16,8 +16,8 @@ namespace calyx {
 // The user's preferences (settings.h) and where they are kept: below the key
 // "SOFTWARE\Calyx\Calyx\<program version>", so that another version of the program does not see them.
 //
-// Load never fails. A value that does not convert keeps its default and is recorded as error 20004; a
-// store that cannot be read leaves all defaults and is recorded once.
+// Load never fails. A value that does not convert, or is no text, keeps its default and is recorded as error
+// 20004; a store that cannot be read leaves all defaults and is recorded once.
 //
 // Several programs may run at once on one store: only what was changed here since Load is saved, and the
 // recent files of all are kept.

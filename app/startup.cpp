@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "app/error_codes.h"
+#include "model/language/reason.h"
 #include "platform/paths.h"
 
 namespace calyx::modStartup {
@@ -34,7 +35,7 @@ void WithProgramFile(const AppContext& context, const std::string& path, Use&& u
     try {
         use(context.files.Read(path));
     } catch (const std::system_error& failure) {
-        throw ProgramFileError(context.model.texts, path, failure.code().message());
+        throw ProgramFileError(context.model.texts, path, Reason(failure));
     } catch (const std::runtime_error& defect) {
         throw ProgramFileError(context.model.texts, path, defect.what());
     }
@@ -51,7 +52,7 @@ void PrepareUserFolder(AppContext& context) {
     } catch (const std::system_error& failure) {
         context.Record(Error(code::kUserFolder, kSource,
                              context.model.texts.Format(
-                                 code::kUserFolder, {context.folders.userData, failure.code().message()})));
+                                 code::kUserFolder, {context.folders.userData, Reason(failure)})));
     }
 }
 
@@ -129,7 +130,7 @@ void ReadTicketTokens(AppContext& context) {
         tokens.Read(context.files.Read(path));
         context.ticketTokens = std::move(tokens);
     } catch (const std::system_error& failure) {
-        record(failure.code().message());
+        record(Reason(failure));
     } catch (const std::runtime_error& defect) {
         record(defect.what());
     }

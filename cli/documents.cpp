@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <system_error>
 
+#include "app/open_files.h"
 #include "cli/exit.h"
 #include "model/language/file_store.h"
+#include "model/language/reason.h"
 #include "platform/paths.h"
 
 namespace calyx::cli {
@@ -46,19 +48,37 @@ namespace {
 
 }  // namespace
 
+std::unique_ptr<FileLock> TurnFor(Program& program, const std::string& file) {
+    constexpr std::chrono::seconds kMost(10);
+    return TakeTurn(program.App().folders.userData, file, kMost);
+}
+
+void SaveChanged(CIndicator& document, const std::string& opened, const std::string& target) {
+    const bool same = FileIdentity(opened) == FileIdentity(target);
+    document.Save(target, false, same ? CIndicator::Over::WhatIsKnown : CIndicator::Over::Anything);
+}
+
 std::string ReadWhole(Program& program, const std::string& file) {
     constexpr const char* kSource = "Calyx.Cli.ReadWhole";
-    if (program.Model().files->Look(file) == IFileStore::Found::Folder)
-        FailFile(program, code::kIsFolder, kSource, {file});
     try {
+        if (program.Model().files->Look(file) == IFileStore::Found::Folder)
+            FailFile(program, code::kIsFolder, kSource, {file});
         return program.Model().files->Read(file);
     } catch (const std::system_error& failure) {
-        FailFile(program, code::kFileNotReadable, kSource, {file, failure.code().message()});
+        FailFile(program, code::kFileNotReadable, kSource, {file, Reason(failure)});
+    }
+}
+
+bool IsFile(Program& program, const std::string& file) {
+    try {
+        return program.Model().files->Look(file) == IFileStore::Found::File;
+    } catch (const std::system_error&) {
+        return false;
     }
 }
 
 void NeedFree(Program& program, const std::string& file, std::string_view advice) {
-    if (program.Model().files->Look(file) != IFileStore::Found::File) return;
+    if (!IsFile(program, file)) return;
     throw UsageError(file + " exists already; " + std::string(advice));
 }
 
@@ -66,10 +86,14 @@ void NeedPlace(Program& program, const std::string& file) {
     constexpr const char* kSource = "Calyx.Cli.NeedPlace";
     using Found = IFileStore::Found;
     const IFileStore& files = *program.Model().files;
-    if (files.Look(file) == Found::Folder) FailFile(program, code::kIsFolder, kSource, {file});
-    const std::string folder = TextOf(PathOf(file).parent_path());
-    if (folder.empty() || files.Look(folder) == Found::Folder) return;
-    const std::string reason = std::make_error_code(std::errc::no_such_file_or_directory).message();
+    std::string reason = Reason(std::make_error_code(std::errc::no_such_file_or_directory));
+    try {
+        if (files.Look(file) == Found::Folder) FailFile(program, code::kIsFolder, kSource, {file});
+        const std::string folder = TextOf(PathOf(file).parent_path());
+        if (folder.empty() || files.Look(folder) == Found::Folder) return;
+    } catch (const std::system_error& failure) {
+        reason = Reason(failure);
+    }
     FailFile(program, code::kFileNotWritten, kSource, {file, reason});
 }
 

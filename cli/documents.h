@@ -1,10 +1,12 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "cli/options.h"
 #include "cli/program.h"
 #include "model/document/indicator.h"
+#include "platform/file_lock.h"
 
 namespace calyx::cli {
 
@@ -19,9 +21,19 @@ struct Opening {
     CIndicator OpenForChange(Program& program, const std::string& file) const;
 };
 
+// The turn to change a file: scripts that run side by side change it one after the other. Held from before
+// the file is opened until it is saved.
+std::unique_ptr<FileLock> TurnFor(Program& program, const std::string& file);
+
+// Saves what was opened from `opened`. In its own place only if no other program has written there since:
+// else 42600, 42601 or 42602, and what CIndicator::Save raises.
+void SaveChanged(CIndicator& document, const std::string& opened, const std::string& target);
+
 // The bytes of a file that is no configuration. 20001, 20003.
 std::string ReadWhole(Program& program, const std::string& file);
 
+// What cannot be looked at counts as none: writing it tells why.
+bool IsFile(Program& program, const std::string& file);
 // Refuses to write over a file, and tells what to do instead. Raises UsageError.
 void NeedFree(Program& program, const std::string& file, std::string_view advice);
 // Before a long operation whose result goes into the file: raises 20003 for a folder and 20002 where its

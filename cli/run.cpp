@@ -1,6 +1,7 @@
 #include "cli/run.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <iomanip>
 #include <ostream>
 #include <sstream>
@@ -10,6 +11,8 @@
 #include "cli/command.h"
 #include "cli/exit.h"
 #include "cli/program.h"
+#include "model/language/reason.h"
+#include "platform/paths.h"
 
 namespace calyx::cli {
 
@@ -78,9 +81,14 @@ std::unique_ptr<AppContext> StartUp(const Globals& globals, Console& console) {
     options.folders.userDir = globals.userDir.value_or("");
     options.folders.dataDir = globals.dataDir.value_or("");
     options.language = globals.language.value_or("");
-    const bool fresh = globals.userDir && FileStore().Look(*globals.userDir) == IFileStore::Found::Nothing;
+    const auto standing = [&] {
+        std::error_code unknown;
+        return std::filesystem::exists(PathOf(options.folders.userDir), unknown);
+    };
+    const bool fresh = globals.userDir && !standing();
     auto app = modStartup::Main(options);
-    if (fresh) console.err << kName << ": made the folder " << Printable(*globals.userDir) << '\n';
+    if (fresh && standing())
+        console.err << kName << ": made the folder " << Printable(*globals.userDir) << '\n';
     for (const Error& notice : app->notices) console.err << kName << ": " << ErrorText(notice) << '\n';
     return app;
 }
@@ -204,7 +212,7 @@ int RunCli(const std::vector<std::string>& arguments, Console& console) {
     const std::error_code why = console.outFailure();
     if (why == std::errc::broken_pipe) return code;
     return Fail(console, Error(code::kFileNotWritten, "Calyx.RunCli",
-                               "The results cannot be written: " + why.message()));
+                               "The results cannot be written: " + Reason(why)));
 }
 
 }  // namespace calyx::cli

@@ -69,12 +69,24 @@ function(calyx_room)
   target_link_libraries(${ROOM_NAME} PUBLIC ${ROOM_LINKS} PRIVATE calyx_flags)
 endfunction()
 
-# calyx_program(NAME x SOURCES ... LINKS ...): an executable.
+# calyx_program(NAME x SOURCES ... LINKS ...): an executable. For Windows, DESCRIPTION gives it an icon, a
+# version and a manifest; it needs the system's own libraries only unless SHARED says that it comes with others.
 function(calyx_program)
-  cmake_parse_arguments(ROOM "" "NAME" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ROOM "SHARED" "NAME;DESCRIPTION" "SOURCES;LINKS" ${ARGN})
   add_executable(${ROOM_NAME} ${ROOM_SOURCES})
   target_include_directories(${ROOM_NAME} PRIVATE ${PROJECT_SOURCE_DIR})
   target_link_libraries(${ROOM_NAME} PRIVATE ${ROOM_LINKS} calyx_flags)
+  if(WIN32 AND NOT ROOM_SHARED)
+    target_link_options(${ROOM_NAME} PRIVATE -static)
+  endif()
+  if(WIN32 AND ROOM_DESCRIPTION)
+    # On its own, since the resource compiler does not take the flags of the others.
+    set(PROGRAM_NAME ${ROOM_NAME})
+    set(PROGRAM_DESCRIPTION ${ROOM_DESCRIPTION})
+    configure_file(${PROJECT_SOURCE_DIR}/packaging/windows/program.rc.in ${ROOM_NAME}.rc @ONLY)
+    add_library(${ROOM_NAME}_resources OBJECT ${CMAKE_CURRENT_BINARY_DIR}/${ROOM_NAME}.rc)
+    target_sources(${ROOM_NAME} PRIVATE $<TARGET_OBJECTS:${ROOM_NAME}_resources>)
+  endif()
 endfunction()
 
 # calyx_test(NAME x_tests SOURCES ... LINKS ...): a GoogleTest program whose tests CTest lists one by one.

@@ -55,6 +55,15 @@ start_wine() {
   rm -f "$1"/dosdevices/com*  # tests reach no real device
 }
 
+# tell_skipped LOG: the tests that CTest's log says were skipped, each with its reason.
+tell_skipped() {
+  [ -f "$1" ] || return 0
+  awk '/^[0-9]+\/[0-9]+ Testing: / { name = $3 }
+    reason { print "Skipped " name ": " $0; reason = 0 }
+    /: Skipped$/ { reason = 1 }
+    /^Skipped: / { print "Skipped " name ": " substr($0, 10) }' "$1" | tr -d '\r' | sort
+}
+
 stop_wine() {
   in_wine "$1" wineserver -k || true
 }

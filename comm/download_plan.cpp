@@ -5,6 +5,7 @@
 #include "comm/link_texts.h"
 #include "model/language/error.h"
 #include "model/language/file_store.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -112,15 +113,15 @@ class Planner {
         const std::string file(Trim(options_.programFile));
         if (file.empty()) return {};
         IFileStore& files = *document_.Context().files;
-        const IFileStore::Found found = files.Look(file);
-        if (found == IFileStore::Found::Folder) FailProgram(code::kIsFolder, code::kIsFolder, {file});
-        if (found == IFileStore::Found::Nothing)
-            FailProgram(code::kFileNotFound, code::kFileNotFound, {file});
         std::string lines;
         try {
+            const IFileStore::Found found = files.Look(file);
+            if (found == IFileStore::Found::Folder) FailProgram(code::kIsFolder, code::kIsFolder, {file});
+            if (found == IFileStore::Found::Nothing)
+                FailProgram(code::kFileNotFound, code::kFileNotFound, {file});
             lines = files.Read(file);
         } catch (const std::system_error& error) {
-            FailProgram(code::kFileNotReadable, code::kFileNotReadable, {file, error.code().message()});
+            FailProgram(code::kFileNotReadable, code::kFileNotReadable, {file, Reason(error)});
         }
         bool any = false;
         ForEachLine(lines, [&any](std::string_view line) { any = any || !Trim(line).empty(); });

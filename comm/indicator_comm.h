@@ -129,6 +129,7 @@ class CIndicatorComm {
 
     // Connecting: indicator_connect.cpp.
     std::unique_ptr<ITransport> OpenTransport();
+    bool OpenSerial(const std::string& settings);
     void CloseTransport(const char* operation);
     void ConnectSerial();
     void ConnectTCPIP();

@@ -6,6 +6,7 @@
 #include "comm/indicator_comm.h"
 #include "comm/link_texts.h"
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -91,12 +92,22 @@ std::unique_ptr<ITransport> CIndicatorComm::OpenTransport() {
     }
 }
 
+// False: the port does not take these settings. Detection then goes on with the next.
+bool CIndicatorComm::OpenSerial(const std::string& settings) {
+    try {
+        transport_ = parts_.transports.MakeSerial(settings_.port, settings);
+    } catch (const SettingsRefused&) {
+        return false;
+    }
+    return true;
+}
+
 void CIndicatorComm::CloseTransport(const char* operation) {
     std::string trouble;
     try {
         if (transport_) transport_->Close();
     } catch (const std::system_error& error) {
-        trouble = std::string("Unable to Disconnect:") + error.what();
+        trouble = "Unable to Disconnect:" + ReasonIn(error.what());
     }
     Lose();
     if (!trouble.empty()) Fail(operation, trouble);
@@ -112,11 +123,12 @@ void CIndicatorComm::ConnectTCPIP() {
 
 void CIndicatorComm::ConnectSerial() {
     if (settings_.method == comm_method::kDetect) {
-        transport_ = parts_.transports.MakeSerial(settings_.port, kFirstSettings);
-        Poll(kPortOpenMs, [this](std::int64_t) {
-            transport_->Read();
-            return !cancelled_ && !parts_.cancel;
-        });
+        if (OpenSerial(kFirstSettings)) {
+            Poll(kPortOpenMs, [this](std::int64_t) {
+                transport_->Read();
+                return !cancelled_ && !parts_.cancel;
+            });
+        }
         if (!AutoDetectSettings()) FailVerification();
     } else {
         SetAddress(address_);  // the stored one may be out of range
@@ -146,8 +158,7 @@ bool CIndicatorComm::AutoDetectSettings() {
 // A pair that answers stays open and in the settings.
 bool CIndicatorComm::TryPair(std::string_view baud, std::string_view framing) {
     CloseTransport("AutoDetectSettings");
-    const std::string settings = std::string(baud) + "," + std::string(framing);
-    transport_ = parts_.transports.MakeSerial(settings_.port, settings);
+    if (!OpenSerial(std::string(baud) + "," + std::string(framing))) return false;
     if (!VerifyConnect(baud, framing)) {
         CloseTransport("AutoDetectSettings");
         return false;

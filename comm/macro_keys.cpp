@@ -34,9 +34,9 @@ std::string Unescaped(std::string_view text) {
 
 MacroKeys LoadMacroKeys(const IFileStore& files, const std::string& path) {
     MacroKeys keys;
-    if (files.Look(path) != IFileStore::Found::File) return keys;
     std::string text;
     try {
+        if (files.Look(path) != IFileStore::Found::File) return keys;
         text = files.Read(path);
     } catch (const std::system_error&) {
         return keys;

@@ -7,6 +7,7 @@
 #include "comm/calibration/commands.h"
 #include "comm/link_texts.h"
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -140,6 +141,7 @@ SafeSendReport CSafeSend::Work(SendRecord record) {
     } else if (!cancel_ || report.download.end != DownloadReport::End::Aborted) {
         journal_.Remove();  // a program that is being ended leaves it for its next start
     }
+    journal_.Rest();
     ReadBack(report, record);
     last_ = std::move(record);
     return report;
@@ -234,7 +236,7 @@ SafeSendReport CSafeSend::Restore() {
             before_ = std::make_unique<Held>(context_, context_.files->Read(backup_), backup_);
         } catch (const std::system_error& error) {
             throw Error(code::kFileNotReadable, "Calyx.CSafeSend.Restore",
-                        context_.texts.Format(code::kFileNotReadable, {backup_, error.code().message()}));
+                        context_.texts.Format(code::kFileNotReadable, {backup_, Reason(error)}));
         }
     }
     std::vector<std::string> cannotGoBack;

@@ -6,6 +6,7 @@
 
 #include "comm/link_texts.h"
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -118,8 +119,8 @@ std::size_t SendRecord::Left() const {
 }
 
 std::optional<SendRecord> SendJournal::Find() const {
-    if (files_.Look(path_) != IFileStore::Found::File) return std::nullopt;
     try {
+        if (files_.Look(path_) != IFileStore::Found::File) return std::nullopt;
         return Read(files_.Read(path_));
     } catch (const std::system_error&) {
         return std::nullopt;
@@ -127,11 +128,12 @@ std::optional<SendRecord> SendJournal::Find() const {
 }
 
 void SendJournal::Begin(const SendRecord& record) {
+    Rest();
     try {
         files_.Replace(path_, Text(record));
     } catch (const std::system_error& error) {
         throw Error(code::kFileNotWritten, "Calyx.SendJournal.Begin",
-                    texts_.Format(code::kFileNotWritten, {path_, error.code().message()}));
+                    texts_.Format(code::kFileNotWritten, {path_, Reason(error)}));
     }
     GoOn();
 }

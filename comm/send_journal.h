@@ -44,6 +44,9 @@ class SendJournal {
     void Begin(const SendRecord& record);
     void GoOn();  // after Find, before the first Add
     void Add(LineFate fate);
+    // The run has stopped and may go on later: lets go of the file, which some systems let nobody replace or
+    // remove before.
+    void Rest() { out_.close(); }
     void Remove();  // the run has ended; a journal that is not there is no failure
 
   private:

@@ -7,6 +7,8 @@
 #include <string>
 #include <string_view>
 
+#include "model/language/error.h"
+
 namespace calyx {
 
 // A wire to an indicator, open from the start until either end closes it. Nothing blocks but Wait. Bytes
@@ -31,6 +33,12 @@ class ITransport {
     virtual void ClearBuffers() = 0;
     // Rests for up to so many milliseconds; returns at once when characters wait or the wire is closed.
     virtual void Wait(int milliseconds) = 0;
+};
+
+// A serial port that is there and free, but does not take these settings; it may take others.
+class SettingsRefused : public Error {
+  public:
+    using Error::Error;
 };
 
 // Opens wires. What cannot be opened is calyx::Error 12801 in words.

@@ -7,6 +7,7 @@
 #include "comm/serial/serial_transport.h"
 #include "comm/tcp_transport.h"
 #include "model/language/error.h"
+#include "model/language/reason.h"
 
 namespace calyx {
 
@@ -55,20 +56,20 @@ std::unique_ptr<ITransport> TransportFactory::MakeTcp(const std::string& host, s
     if (!error) return transport;
     const std::string where = host + ":" + std::to_string(port);
     throw Error(code::kLink, "Calyx.CIndicatorComm.ConnectTCPIP",
-                texts_.Format(link_text::kUnreachable, {where, error.message()}));
+                texts_.Format(link_text::kUnreachable, {where, Reason(error)}));
 }
 
 std::unique_ptr<ITransport> TransportFactory::MakeSerial(const std::string& port,
                                                          const std::string& settings) {
-    constexpr const char* kSource = "Calyx.CIndicatorComm.Connect";
     const auto read = ReadPortSettings(settings);
-    if (!read) throw Error(code::kLink, kSource, texts_.Format(link_text::kPortSettings, {settings}));
+    if (!read) {
+        throw Error(code::kLink, "Calyx.CIndicatorComm.Connect",
+                    texts_.Format(link_text::kPortSettings, {settings}));
+    }
     auto transport = std::make_unique<SerialTransport>();
-    const std::error_code error = transport->Open(port, *read);
-    if (!error) return transport;
-    const bool busy = error == std::errc::device_or_resource_busy || error == std::errc::permission_denied;
-    const int text = busy ? link_text::kPortBusy : link_text::kNoSerial;
-    throw Error(code::kLink, kSource, texts_.Format(text, {port, error.message()}));
+    const serial::Opening opening = transport->Open(port, *read);
+    if (opening.error) serial::FailOpening(texts_, port, settings, opening);
+    return transport;
 }
 
 }  // namespace calyx

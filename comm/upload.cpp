@@ -7,6 +7,7 @@
 #include "comm/link_texts.h"
 #include "model/document/indicator.h"
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -76,7 +77,7 @@ void WriteUpload(IFileStore& files, const ResourceTexts& texts, const std::strin
         files.Replace(path, text);
     } catch (const std::system_error& error) {
         throw Error(code::kFileNotWritten, "Calyx.WriteUpload",
-                    texts.Format(code::kFileNotWritten, {path, error.code().message()}));
+                    texts.Format(code::kFileNotWritten, {path, Reason(error)}));
     }
 }
 

@@ -23,7 +23,8 @@ class FileStore final : public IFileStore {
   public:
     Found Look(const std::string& path) const override;
     std::string Read(const std::string& path) const override;
-    void Replace(const std::string& path, std::string_view bytes) override;
+    using IFileStore::Replace;
+    void Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) override;
     void Remove(const std::string& path) override;
 };
 

@@ -2,6 +2,7 @@
 
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
@@ -10,6 +11,12 @@
 namespace calyx {
 
 class IFileStore;
+
+// A value is there, but no text; what() names its kind.
+class NoTextError : public std::runtime_error {
+  public:
+    using std::runtime_error::runtime_error;
+};
 
 // Named text values below key paths ("SOFTWARE\Calyx\...", separated by "\" on every platform). Paths
 // and names are the program's own words: no line end, "=" or "]" in them, and their case does not
@@ -22,7 +29,8 @@ class ISettingsStore {
 
     virtual ~ISettingsStore() = default;
 
-    // Nothing when there is no such value. Raises std::system_error when the store cannot be read.
+    // Nothing when there is no such value. Raises std::system_error when the store cannot be read, and
+    // NoTextError where it keeps values of other kinds too and this is one.
     virtual std::optional<std::string> Get(Root root, std::string_view keyPath, std::string_view name) = 0;
     virtual void Set(Root root, std::string_view keyPath, std::string_view name, std::string_view value) = 0;
 

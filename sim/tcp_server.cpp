@@ -7,6 +7,7 @@
 
 #include "sim/service.h"
 #include "sim/session.h"
+#include "sim/tcp/port.h"
 
 namespace calyx::sim {
 
@@ -16,34 +17,18 @@ using asio::ip::tcp;
 
 constexpr std::chrono::milliseconds kRetry{250};  // after a connection that could not be taken
 
-bool SomebodyListens(asio::io_context& io, const tcp::endpoint& endpoint) {
-    std::error_code error;
-    tcp::socket(io).connect(endpoint, error);
-    return !error;
-}
-
 tcp::acceptor Listen(asio::io_context& io, std::uint16_t port) {
     const tcp::endpoint endpoint(asio::ip::address_v4::loopback(), port);
     tcp::acceptor acceptor(io, endpoint.protocol());
-    std::error_code error;
-    std::error_code ignored;
-    acceptor.bind(endpoint, error);
-    // The remains of a connection may hold the port for a minute. Reuse is asked for only then: some
-    // systems would let two programs listen on the same port.
-    if (error == asio::error::address_in_use && !SomebodyListens(io, endpoint)) {
-        acceptor.set_option(tcp::acceptor::reuse_address(true), ignored);
-        acceptor.bind(endpoint, error);
+    const std::error_code error = TakePort(acceptor, endpoint);
+    if (!error) return acceptor;
+    const std::string what = "cannot listen on 127.0.0.1:" + std::to_string(port);
+    // Said here and made comparable, since not every system has words and a common number for it.
+    if (error == asio::error::address_in_use) {
+        throw std::system_error(std::make_error_code(std::errc::address_in_use),
+                                what + ", which another program uses");
     }
-    acceptor.set_option(tcp::acceptor::reuse_address(true), ignored);  // for the next start on this port
-    if (!error) acceptor.listen(tcp::acceptor::max_listen_connections, error);
-    if (error) {
-        // Comparable with std::errc, which Windows' own number is not.
-        const std::error_code why = error == asio::error::address_in_use
-                                        ? std::make_error_code(std::errc::address_in_use)
-                                        : std::error_code(error.value(), std::system_category());
-        throw std::system_error(why, "cannot listen on 127.0.0.1:" + std::to_string(port));
-    }
-    return acceptor;
+    throw std::system_error(error.value(), std::system_category(), what);
 }
 
 }  // namespace

@@ -40,26 +40,33 @@ void DocumentSession::TakeLiveCards(const std::string& reported) {
 void DocumentSession::New() {
     CIndicator fresh(context_);
     fresh.Initialize();
-    Use(std::move(fresh));
     report_ = {};
-    history_.Clear();
-    TakeBaseline();
-    Look();
-    emit Replaced();
+    Begin(std::move(fresh));
 }
 
 void DocumentSession::Open(const std::string& filename, bool skipChecks) {
     CIndicator opened(context_);
     report_ = opened.Load(filename, skipChecks);
-    Use(std::move(opened));
+    Begin(std::move(opened));
+}
+
+void DocumentSession::OpenCopy(const std::string& filename, bool skipChecks) {
+    CIndicator opened(context_);
+    report_ = opened.Load(filename, skipChecks);
+    opened.ForgetFile();
+    Begin(std::move(opened));
+}
+
+void DocumentSession::Begin(CIndicator&& document) {
+    Use(std::move(document));
     history_.Clear();
     TakeBaseline();
     Look();
     emit Replaced();
 }
 
-void DocumentSession::Save(const std::string& filename) {
-    document_.Save(filename, false);
+void DocumentSession::Save(const std::string& filename, CIndicator::Over over) {
+    document_.Save(filename, false, over);
     EndTyping();
     TakeBaseline();
     emit Saved();
@@ -215,7 +222,9 @@ void DocumentSession::TellUnkept() {
 
 void DocumentSession::AnnounceAndShow(const ChangeSet& changes) {
     Announce(changes);
-    if (!changes.Empty()) emit GoTo(QString::fromLatin1(changes.Changes().front().key));
+    QStringList keys;
+    for (const Change& change : changes.Changes()) keys += QString::fromLatin1(change.key);
+    if (!keys.isEmpty()) emit GoTo(keys);
 }
 
 // "Unit ID: 1 to GATE-N": by the caption and the words that people see.

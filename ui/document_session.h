@@ -29,7 +29,8 @@ class DocumentSession : public QObject {
     // File operations; errors are calyx::Error, the document stays as it was.
     void New();
     void Open(const std::string& filename, bool skipChecks);
-    void Save(const std::string& filename);
+    void OpenCopy(const std::string& filename, bool skipChecks);  // as a new document, never saved
+    void Save(const std::string& filename, CIndicator::Over over = CIndicator::Over::Anything);
 
     // Edits. `name` is the undo step's; consecutive edits with one join key are one step. What was
     // refused comes back and changes nothing.
@@ -60,7 +61,7 @@ class DocumentSession : public QObject {
     // What was typed and cannot be taken is given up.
     void GiveUpInput() { emit GivingUp(); }
 
-    // Each also asks, by GoTo, that the first parameter concerned is shown.
+    // Each also asks, by GoTo, that what is concerned is shown.
     void Undo();
     void Redo();
     std::optional<std::string> UndoName() const;
@@ -85,7 +86,7 @@ class DocumentSession : public QObject {
     // An edit has taken the lines of these values, which are not their initial ones, or their line cannot
     // hold them: saving loses them. Empty: of those told before nothing is to be told any more.
     void Unkept(const std::vector<calyx::Refusal>& values);
-    void GoTo(const QString& key);       // the view shall show this parameter
+    void GoTo(const QStringList& keys);  // the view shall show one of these parameters, best the first
     void Told(const QString& message);   // for the status line
     void Finishing(QStringList* wrong);  // FinishInput: inputs take what they hold, or add their words
     void GivingUp();                     // GiveUpInput
@@ -93,6 +94,7 @@ class DocumentSession : public QObject {
   private:
     void TakeBaseline();
     void Use(CIndicator&& document);
+    void Begin(CIndicator&& document);
     void Announce(const ChangeSet& changes, bool typing = false);
     void AnnounceAndShow(const ChangeSet& changes);
     std::string StepName(const std::string& key, const ChangeSet& changes) const;

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QHelpEvent>
+#include <QMessageBox>
 #include <QPixmap>
 #include <QScopeGuard>
 #include <QTimer>
@@ -9,8 +10,11 @@
 #include <exception>
 #include <iostream>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "app/startup.h"
+#include "platform/standard_output.h"
 #include "ui/dialogs/qt_dialogs.h"
 #include "ui/dialogs/silent_dialogs.h"
 #include "ui/text.h"
@@ -78,11 +82,10 @@ class FirstPaint final : public QObject {
     }
 };
 
-void ShowNotices(AppContext& app, Dialogs& dialogs, QWidget* window) {
-    if (app.notices.empty()) return;
+void ShowNotices(const AppContext& app, const std::vector<Error>& notices, Dialogs& dialogs, QWidget* window) {
+    if (notices.empty()) return;
     QStringList words;
-    for (const Error& notice : app.notices) words += Shown(notice.Description());
-    app.notices.clear();
+    for (const Error& notice : notices) words += Shown(notice.Description());
     Tell(dialogs, app.model.texts, window, Tone::Information, Say(app.model.texts, say::kNoticesTitle),
          words.join(QStringLiteral("\n\n")));
 }
@@ -105,6 +108,8 @@ int RunWindow(Application& application, AppContext& app, const Options& options,
     PutOn(application, LookOf(options.themeGiven ? Utf8(options.theme) : app.settings.Theme));
     frmMain window(app, dialogs);
     const bool drawn = !options.picture.isEmpty();
+    // Of the start alone: opening the file tells what it finds by itself.
+    const std::vector<Error> notices = std::exchange(app.notices, {});
     // Without questions, since nobody is there to answer them.
     if (!options.file.isEmpty() && !window.Files().OpenPath(options.file, drawn) && drawn) return kCannotRun;
     if (drawn) return DrawPicture(window, options);
@@ -113,7 +118,7 @@ int RunWindow(Application& application, AppContext& app, const Options& options,
     window.show();
     if (!options.show.isEmpty()) window.ShowParameter(options.show);
     if (!options.quitAfterFirstPaint) {
-        QTimer::singleShot(0, &window, [&] { ShowNotices(app, dialogs, &window); });
+        QTimer::singleShot(0, &window, [&] { ShowNotices(app, notices, dialogs, &window); });
     }
     return QApplication::exec();
 }
@@ -149,6 +154,11 @@ bool HasToolkitOptions(const QStringList& words) {
 }
 
 int Answer(const CommandLine& line) {
+    if (!HasStandardOutput()) {
+        QMessageBox::information(nullptr, QStringLiteral("Calyx"),
+                                 QStringLiteral("<pre>%1</pre>").arg(line.answer.toHtmlEscaped()));
+        return line.exitCode;
+    }
     (line.exitCode == 0 ? std::cout : std::cerr) << Utf8(line.answer);
     return line.exitCode;
 }
@@ -160,7 +170,8 @@ int Run(int argc, char** argv) {
         // Help, version and wrong words need no screen.
         const QCoreApplication words(argc, argv);
         const CommandLine line = Parse(QCoreApplication::arguments());
-        if (!line.answer.isEmpty() && !HasToolkitOptions(QCoreApplication::arguments())) return Answer(line);
+        const bool inWindow = !HasStandardOutput() || HasToolkitOptions(QCoreApplication::arguments());
+        if (!line.answer.isEmpty() && !inWindow) return Answer(line);
     }
     Application application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("Calyx"));

@@ -201,6 +201,37 @@ inline constexpr int kDialogInFront = 20522;
 inline constexpr int kPrintedBy = 20523;  // program version, time
 inline constexpr int kPageOf = 20524;     // page, pages
 
+// a file that another program has changed, or has open as well
+inline constexpr int kChangedTitle = 42603;
+inline constexpr int kChanged = 42604;  // {1} name
+inline constexpr int kGoneTitle = 42605;
+inline constexpr int kGone = 42606;  // {1} name
+inline constexpr int kUnknownTitle = 42607;
+inline constexpr int kUnknown = 42608;  // {1} name
+inline constexpr int kSaveAnyway = 42609;
+inline constexpr int kShowDifferences = 42610;
+inline constexpr int kChangedNote = 42611;  // {1} name
+inline constexpr int kGoneNote = 42612;     // {1} name
+inline constexpr int kReload = 42613;
+inline constexpr int kReloadTitle = 42614;
+inline constexpr int kReloadLoses = 42615;     // {1} name, {2} number
+inline constexpr int kReloadLosesOne = 42616;  // {1} name
+inline constexpr int kReloadAnyway = 42617;
+inline constexpr int kReloaded = 42618;  // {1} name
+inline constexpr int kDifferencesTitle = 42619;
+inline constexpr int kWindowSide = 42620;
+inline constexpr int kFileSide = 42621;
+inline constexpr int kSameAsFile = 42622;
+inline constexpr int kElsewhereTitle = 42623;
+inline constexpr int kElsewhere = 42624;  // {1} name, {2} number of the process, {3} time
+inline constexpr int kElsewhereHint = 42625;
+inline constexpr int kOpenCopy = 42626;
+inline constexpr int kCopyOf = 42627;            // {1} name
+inline constexpr int kAlsoElsewhere = 42628;     // {1} name
+inline constexpr int kReplaceElsewhere = 42629;  // {1} name, {2} number of the process, {3} time
+inline constexpr int kReplaceAnyway = 42630;
+inline constexpr int kElsewhereUnknown = 42632;  // {1} name
+
 // connecting
 inline constexpr int kConnectTitle = 20525;
 inline constexpr int kHost = 20526;

@@ -33,6 +33,7 @@ class Merge final : public Command {
     }
 
     int Run(Program& program) override {
+        const auto turn = TurnFor(program, *output_);
         CIndicator document = opening_.OpenForChange(program, file_);
         const CIndicator before = document;
         const CIndicator other = opening_.Open(program, other_);
@@ -52,7 +53,7 @@ class Merge final : public Command {
             return kFindings;
         }
         auto told = document.Merge(chosen).refused;
-        document.Save(*output_, false);
+        SaveChanged(document, file_, *output_);
         ListDifferences(program, Difference(before.Lines(), document.Lines()), before, document);
         std::vector<std::string> keys;
         for (const KeyValue& line : chosen) keys.push_back(line.key);

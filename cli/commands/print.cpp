@@ -6,6 +6,7 @@
 #include "cli/listing.h"
 #include "cli/text.h"
 #include "model/language/file_store.h"
+#include "model/language/reason.h"
 
 namespace calyx::cli {
 
@@ -46,7 +47,7 @@ class Print final : public Command {
         } catch (const std::system_error& failure) {
             throw Error(
                 code::kFileNotWritten, "Calyx.Print.Write",
-                program.Model().texts.Format(code::kFileNotWritten, {*html_, failure.code().message()}));
+                program.Model().texts.Format(code::kFileNotWritten, {*html_, Reason(failure)}));
         }
     }
 

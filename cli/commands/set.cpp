@@ -41,12 +41,13 @@ class Set final : public Command {
         if (lines.empty() && refused.empty())
             throw UsageError("nothing to set; give KEY=VALUE or --from LINES");
 
+        const auto turn = TurnFor(program, output_.value_or(file_));
         CIndicator document = opening_.OpenForChange(program, file_);
         const CIndicator before = document;
         auto taken = document.Import(lines);
         const bool some = lines.size() > taken.refused.size() || !taken.changes.Empty();
         std::move(taken.refused.begin(), taken.refused.end(), std::back_inserter(refused));
-        if (some) document.Save(output_.value_or(file_), false);
+        if (some) SaveChanged(document, file_, output_.value_or(file_));
         std::vector<std::string> keys;
         for (const KeyValue& line : lines) keys.push_back(line.key);
         auto lost = NotKept(before.Lines(), document, keys);

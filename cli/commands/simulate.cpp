@@ -9,6 +9,7 @@
 #include "cli/exit.h"
 #include "cli/program.h"
 #include "comm/firmware_keys.h"
+#include "model/language/reason.h"
 #include "platform/paths.h"
 #include "sim/fault.h"
 #include "sim/pty_simulator.h"
@@ -86,10 +87,10 @@ class Simulate final : public Command {
         } catch (const sim::StateFileError& failure) {
             const bool writing = failure.When() == sim::StateFileError::Doing::kWriting;
             throw Error(writing ? code::kFileNotWritten : code::kFileNotReadable, "Calyx.Simulator.State",
-                        std::string("The simulated indicator cannot run: ") + failure.what());
+                        "The simulated indicator cannot run: " + ReasonIn(failure.what()));
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.Simulator.Listen",
-                        std::string("The simulated indicator cannot run: ") + failure.what());
+                        "The simulated indicator cannot run: " + ReasonIn(failure.what()));
         }
         throw Interrupted{};  // it ends by Ctrl+C only
     }

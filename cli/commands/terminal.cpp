@@ -9,6 +9,7 @@
 #include "comm/download_plan.h"
 #include "comm/link_texts.h"
 #include "comm/macro_keys.h"
+#include "model/language/reason.h"
 
 namespace calyx::cli {
 
@@ -132,7 +133,7 @@ class Terminal final : public Command {
         try {
             SaveMacroKeys(program.App().files, file, macros_);
         } catch (const std::system_error& failure) {
-            program.Say("the macro is not kept: " + failure.code().message());
+            program.Say("the macro is not kept: " + Reason(failure));
         }
     }
 

@@ -53,8 +53,7 @@ class UploadCommand final : public Command {
   private:
     // Asked on a terminal; elsewhere only --force replaces.
     bool MayReplace(Program& program) const {
-        const bool exists = program.Model().files->Look(file_) == IFileStore::Found::File;
-        if (!exists || force_) return true;
+        if (!IsFile(program, file_) || force_) return true;
         if (!program.Ends().inIsTerminal) NeedFree(program, file_, "--force replaces it");
         program.Ends().err << file_ << ": " << program.Model().texts.Text(kReplaceQuestion) << " [y/N] "
                            << std::flush;

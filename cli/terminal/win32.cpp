@@ -2,6 +2,8 @@
 #include <io.h>
 #include <windows.h>
 
+#include <cstdlib>
+
 #include "cli/terminal/terminal.h"
 
 namespace calyx::cli::terminal {
@@ -23,7 +25,9 @@ BOOL WINAPI Press(DWORD event) {
 
 void Prepare() {
     _setmode(_fileno(stdout), _O_BINARY);
-    SetConsoleOutputCP(CP_UTF8);
+    // The console belongs to the shell, which goes on with its own code page.
+    static const UINT before = GetConsoleOutputCP();
+    if (before != 0 && SetConsoleOutputCP(CP_UTF8)) std::atexit([] { SetConsoleOutputCP(before); });
     SetConsoleCtrlHandler(Press, TRUE);
 }
 

@@ -3,6 +3,7 @@
 #include <system_error>
 
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -15,9 +16,9 @@ constexpr int kScales = 32;
 }  // namespace
 
 std::optional<CalibrationRecord> CalibrationJournal::Find() const {
-    if (files_.Look(path_) != IFileStore::Found::File) return std::nullopt;
     std::string text;
     try {
+        if (files_.Look(path_) != IFileStore::Found::File) return std::nullopt;
         text = files_.Read(path_);
     } catch (const std::system_error&) {
         return std::nullopt;
@@ -44,7 +45,7 @@ void CalibrationJournal::Keep(const CalibrationRecord& record) {
         files_.Replace(path_, text);
     } catch (const std::system_error& error) {
         throw Error(code::kFileNotWritten, "Calyx.CCalibration.Begin",
-                    texts_.Format(code::kFileNotWritten, {path_, error.code().message()}));
+                    texts_.Format(code::kFileNotWritten, {path_, Reason(error)}));
     }
 }
 

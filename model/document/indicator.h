@@ -11,6 +11,15 @@
 
 namespace calyx {
 
+// What a file held: two equal ones of one file mean that nobody has written another content since.
+struct FileStamp {
+    std::size_t size = 0;  // bytes
+    std::int32_t checksum = 0;
+
+    static FileStamp Of(std::string_view bytes);
+    friend bool operator==(const FileStamp&, const FileStamp&) = default;
+};
+
 // The document: one complete configuration of one indicator, and the file that holds it.
 //
 // Constructed, it has no sections; exactly one of Initialize (a new document) or Load (an opened one)
@@ -35,9 +44,16 @@ class CIndicator {
     // The same for a text that is already in memory, an indicator's dump for example; no checks.
     ReadReport LoadText(std::string text, const std::string& filename);
 
-    // Writes the file whole or not at all. `asCopy` keeps the document's name and state.
+    // Writes the file whole or not at all. `asCopy` keeps the document's name and state. Over what the
+    // document knows means: only if the file still holds what was last read or saved here.
     //   10006 no document   20002 not written, the old file is as it was   20003 a folder
-    void Save(const std::string& filename, bool asCopy);
+    //   42600 another program has changed the file   42601 it is gone   42602 it cannot be read
+    enum class Over { Anything, WhatIsKnown };
+    void Save(const std::string& filename, bool asCopy, Over over = Over::Anything);
+    // What its file held when it was last read or saved here; nothing for a document without one.
+    const std::optional<FileStamp>& Stamp() const { return stamp_; }
+    // From now on a new document that was never saved, with the values that it has.
+    void ForgetFile();
 
     // The Scrivo import file: alias constants of the whole document. 10006, 20002.
     void GenerateImportFile(const std::string& filename);
@@ -125,7 +141,8 @@ class CIndicator {
     bool doIndicatorRevisionCheck(const Dictionary& lines) const;
     bool VersionIsAccepted(std::string_view version) const;
     void CheckFile(const Dictionary& lines, const std::string& filename) const;
-    void WriteCRCFile(const std::string& filename, std::string_view body) const;
+    FileStamp WriteCRCFile(const std::string& filename, std::string_view body, Over over) const;
+    void CheckKnown(const std::string& filename) const;
     std::string Envelope(std::string_view body) const;
     void ReadVersions(const Dictionary& lines);
     ReadReport TakeSections(Dictionary& lines, const std::string& filename);
@@ -144,6 +161,7 @@ class CIndicator {
     std::string indicatorVersion_;
     std::string fileVersion_;
     bool isNew_ = true;
+    std::optional<FileStamp> stamp_;
     std::optional<DocumentSections> sections_;
 };
 

@@ -7,6 +7,7 @@
 #include "model/document/checksum.h"
 #include "model/document/indicator.h"
 #include "model/language/file_store.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 
 namespace calyx {
@@ -63,21 +64,30 @@ void AddFileNotes(const Dictionary& lines, ReadReport& report,
     }
 }
 
+// What cannot even be looked at is told when it is read.
+bool IsMissing(const IFileStore& files, const std::string& filename) {
+    try {
+        return files.Look(filename) == IFileStore::Found::Nothing;
+    } catch (const std::system_error&) {
+        return false;
+    }
+}
+
 }  // namespace
 
 Dictionary CIndicator::LoadDictionary(const std::string& filename) const {
-    switch (context_->files->Look(filename)) {
-        case IFileStore::Found::Nothing:
-            Fail(code::kFileNotFound, "LoadDictionary", {filename});
-        case IFileStore::Found::Folder:
-            Fail(code::kIsFolder, "LoadDictionary", {filename});
-        case IFileStore::Found::File:
-            break;
-    }
     try {
+        switch (context_->files->Look(filename)) {
+            case IFileStore::Found::Nothing:
+                Fail(code::kFileNotFound, "LoadDictionary", {filename});
+            case IFileStore::Found::Folder:
+                Fail(code::kIsFolder, "LoadDictionary", {filename});
+            case IFileStore::Found::File:
+                break;
+        }
         return Dictionary(context_->files->Read(filename));
     } catch (const std::system_error& error) {
-        Fail(code::kFileNotReadable, "LoadDictionary", {filename, error.code().message()});
+        Fail(code::kFileNotReadable, "LoadDictionary", {filename, Reason(error)});
     }
 }
 
@@ -136,12 +146,14 @@ void CIndicator::CheckFile(const Dictionary& lines, const std::string& filename)
 
 ReadReport CIndicator::Load(const std::string& filename, bool skipChecks) {
     return As("Calyx.CIndicator.Load", [&] {
-        if (context_->files->Look(filename) == IFileStore::Found::Nothing)
-            Fail(code::kFileNotFound, "Load", {filename});
+        if (IsMissing(*context_->files, filename)) Fail(code::kFileNotFound, "Load", {filename});
         Dictionary lines = LoadDictionary(filename);
         ReadVersions(lines);
         if (!skipChecks) CheckFile(lines, filename);
-        return TakeSections(lines, filename);
+        const FileStamp stamp = FileStamp::Of(lines.Text());
+        ReadReport report = TakeSections(lines, filename);
+        stamp_ = stamp;
+        return report;
     });
 }
 
@@ -184,6 +196,7 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
     sections_.emplace(std::move(s));
     isNew_ = false;
     filename_ = filename;
+    stamp_.reset();
     codFilename_ = FirstValue(lines, "@CODFile");
     return report;
 }
@@ -201,21 +214,46 @@ std::string CIndicator::FileText() const {
     return Envelope(Body());
 }
 
-void CIndicator::WriteCRCFile(const std::string& filename, std::string_view body) const {
-    if (context_->files->Look(filename) == IFileStore::Found::Folder)
-        Fail(code::kIsFolder, "WriteCRCFile", {filename});
+FileStamp FileStamp::Of(std::string_view bytes) {
+    return {bytes.size(), Checksum(bytes)};
+}
+
+void CIndicator::CheckKnown(const std::string& filename) const {
+    if (!stamp_) return;
     try {
-        context_->files->Replace(filename, Envelope(body));
+        const IFileStore::Found found = context_->files->Look(filename);
+        if (found == IFileStore::Found::Nothing) Fail(code::kFileGone, "CheckKnown", {filename});
+        if (found == IFileStore::Found::Folder) Fail(code::kIsFolder, "CheckKnown", {filename});
+        if (FileStamp::Of(context_->files->Read(filename)) != *stamp_)
+            Fail(code::kFileChanged, "CheckKnown", {filename});
     } catch (const std::system_error& error) {
-        Fail(code::kFileNotWritten, "WriteCRCFile", {filename, error.code().message()});
+        Fail(code::kFileUnknown, "CheckKnown", {filename, Reason(error)});
     }
 }
 
-void CIndicator::Save(const std::string& filename, bool asCopy) {
+FileStamp CIndicator::WriteCRCFile(const std::string& filename, std::string_view body, Over over) const {
+    const std::string text = Envelope(body);
+    IFileStore::LastLook lastLook;
+    if (over == Over::WhatIsKnown) {
+        CheckKnown(filename);  // before anything is written into a folder that may be gone, too
+        lastLook = [&] { CheckKnown(filename); };
+    }
+    try {
+        if (context_->files->Look(filename) == IFileStore::Found::Folder)
+            Fail(code::kIsFolder, "WriteCRCFile", {filename});
+        context_->files->Replace(filename, text, lastLook);
+    } catch (const std::system_error& error) {
+        Fail(code::kFileNotWritten, "WriteCRCFile", {filename, Reason(error)});
+    }
+    return FileStamp::Of(text);
+}
+
+void CIndicator::Save(const std::string& filename, bool asCopy, Over over) {
     As("Calyx.CIndicator.Save", [&] {
         NeedDocument("Save");
         // The name is taken over once the file stands: a failed save leaves the document as it was.
-        WriteCRCFile(filename, Body());
+        const FileStamp written = WriteCRCFile(filename, Body(), over);
+        if (!asCopy || filename == filename_) stamp_ = written;
         if (asCopy) return;
         isNew_ = false;
         filename_ = filename;
@@ -224,13 +262,19 @@ void CIndicator::Save(const std::string& filename, bool asCopy) {
     });
 }
 
+void CIndicator::ForgetFile() {
+    isNew_ = true;
+    filename_ = kNewFile;
+    stamp_.reset();
+}
+
 void CIndicator::GenerateImportFile(const std::string& filename) {
     As("Calyx.CIndicator.GenerateImportFile", [&] {
         NeedDocument("GenerateImportFile");
         try {
             context_->files->Replace(filename, ImportFileText());
         } catch (const std::system_error& error) {
-            Fail(code::kFileNotWritten, "GenerateImportFile", {filename, error.code().message()});
+            Fail(code::kFileNotWritten, "GenerateImportFile", {filename, Reason(error)});
         }
     });
 }

@@ -28,6 +28,9 @@ inline constexpr int kFileNotWritten = 20002;
 inline constexpr int kIsFolder = 20003;
 inline constexpr int kSetting = 20004;
 inline constexpr int kNoList = 20005;
+inline constexpr int kFileChanged = 42600;  // by another program, since it was read
+inline constexpr int kFileGone = 42601;
+inline constexpr int kFileUnknown = 42602;  // cannot be read any more
 }  // namespace code
 
 inline constexpr std::uint32_t kObjectErrorBase = 0x80040000u;

@@ -5,6 +5,7 @@
 #include <system_error>
 
 #include "model/language/error.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 #include "model/ports/stream.h"
 
@@ -139,12 +140,12 @@ void SavedStreams::Remove(std::string_view name) {
 }
 
 std::string SavedStreams::Read() const {
-    if (context_->files->Look(path_) == IFileStore::Found::Nothing) Write(std::string(kNewFile));
     try {
+        if (context_->files->Look(path_) == IFileStore::Found::Nothing) Write(std::string(kNewFile));
         return context_->files->Read(path_);
     } catch (const std::system_error& failure) {
         throw Error(code::kFileNotReadable, "Calyx.CStream.SavedStreams",
-                    context_->texts.Format(code::kFileNotReadable, {path_, failure.code().message()}));
+                    context_->texts.Format(code::kFileNotReadable, {path_, Reason(failure)}));
     }
 }
 
@@ -153,7 +154,7 @@ void SavedStreams::Write(const std::string& text) const {
         context_->files->Replace(path_, text);
     } catch (const std::system_error& failure) {
         throw Error(code::kFileNotWritten, "Calyx.CStream.SavedStreams",
-                    context_->texts.Format(code::kFileNotWritten, {path_, failure.code().message()}));
+                    context_->texts.Format(code::kFileNotWritten, {path_, Reason(failure)}));
     }
 }
 

@@ -5,6 +5,7 @@
 
 #include "model/language/error.h"
 #include "model/language/file_store.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 #include "model/widgets/widgets.h"
 
@@ -15,14 +16,14 @@ std::vector<std::string> CWidgets::ReadFileToArray(const std::string& filename) 
         throw Error(code, "Calyx.CWidgets.ReadFileToArray", Context().texts.Format(code, {filename, why}));
     };
     const IFileStore& files = *Context().files;
-    const auto found = files.Look(filename);
-    if (found == IFileStore::Found::Nothing) fail(code::kFileNotFound, {});
-    if (found == IFileStore::Found::Folder) fail(code::kIsFolder, {});
     std::vector<std::string> lines;
     try {
+        const auto found = files.Look(filename);
+        if (found == IFileStore::Found::Nothing) fail(code::kFileNotFound, {});
+        if (found == IFileStore::Found::Folder) fail(code::kIsFolder, {});
         ForEachLine(files.Read(filename), [&](std::string_view line) { lines.emplace_back(line); });
     } catch (const std::system_error& error) {
-        fail(code::kFileNotReadable, error.code().message());
+        fail(code::kFileNotReadable, Reason(error));
     }
     return lines;
 }

@@ -192,7 +192,7 @@ std::string FileStore::Read(const std::string& path) const {
     return bytes;
 }
 
-void FileStore::Replace(const std::string& path, std::string_view bytes) {
+void FileStore::Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) {
     struct stat old;
     const bool exists = Status(path, old);
     if (exists && S_ISDIR(old.st_mode)) Fail(EISDIR);
@@ -205,6 +205,7 @@ void FileStore::Replace(const std::string& path, std::string_view bytes) {
     WriteAll(temporary.Number(), bytes);
     if (exists) KeepPermissions(temporary.Number(), old);
     if (Retried([&] { return fsync(temporary.Number()); }) < 0) Fail(errno);
+    if (lastLook) lastLook();
     temporary.MoveTo(target);
     FlushFolder(FolderOf(target));
 }

@@ -172,7 +172,7 @@ std::string FileStore::Read(const std::string& path) const {
     return bytes;
 }
 
-void FileStore::Replace(const std::string& path, std::string_view bytes) {
+void FileStore::Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) {
     std::wstring target = WidePath(path);
     const DWORD attributes = Attributes(target);
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
@@ -185,6 +185,7 @@ void FileStore::Replace(const std::string& path, std::string_view bytes) {
     if (!FlushFileBuffers(temporary.Get())) Fail(GetLastError());
     if (exists)
         temporary.KeepPermissions(target, attributes & ~static_cast<DWORD>(FILE_ATTRIBUTE_REPARSE_POINT));
+    if (lastLook) lastLook();
     temporary.MoveTo(target);
 }
 

@@ -44,7 +44,8 @@ std::string TextOfValue(DWORD type, const std::string& bytes) {
         std::memcpy(&number, bytes.data(), sizeof number);
         return std::to_string(static_cast<LONG>(number));
     }
-    return bytes;
+    if (type == REG_BINARY) return bytes;
+    throw NoTextError("a value of the registry's kind " + std::to_string(type));
 }
 
 LSTATUS Write(ISettingsStore::Root root, const std::string& keyPath, const std::string& name,

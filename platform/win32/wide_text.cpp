@@ -39,9 +39,18 @@ std::optional<std::wstring> ExactWide(std::string_view text) {
 }
 
 std::wstring WidePath(const std::string& path) {
+    // Leaves room for the short names that are made beside a file.
+    constexpr std::size_t kLongestPlain = 200;
     auto wide = ExactWide(path);
     if (!wide) Fail(ERROR_INVALID_NAME);
-    return *std::move(wide);
+    if (wide->size() <= kLongestPlain || wide->starts_with(L"\\\\?\\")) return *std::move(wide);
+    std::wstring full(wide->size() + MAX_PATH, L'\0');
+    const DWORD size = GetFullPathNameW(wide->c_str(), static_cast<DWORD>(full.size()), full.data(), nullptr);
+    if (size == 0) Fail(GetLastError());
+    if (size >= full.size()) Fail(ERROR_FILENAME_EXCED_RANGE);
+    full.resize(size);
+    if (full.starts_with(L"\\\\?\\")) return full;
+    return full.starts_with(L"\\\\") ? L"\\\\?\\UNC" + full.substr(1) : L"\\\\?\\" + full;
 }
 
 void Fail(unsigned long error) {

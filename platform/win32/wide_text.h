@@ -13,7 +13,8 @@ std::string Narrow(std::wstring_view text);  // likewise for lone surrogates
 // Nothing when the text is no UTF-8 or holds a NUL, which ends Windows' texts.
 std::optional<std::wstring> ExactWide(std::string_view text);
 
-// A path for a call of the system. Raises std::system_error for one that holds a NUL or is no UTF-8.
+// A path for a call of the system, in the form that has no limit of 260 characters where it is long. Raises
+// std::system_error for one that holds a NUL or is no UTF-8.
 std::wstring WidePath(const std::string& path);
 
 [[noreturn]] void Fail(unsigned long error);  // std::system_error with a code of GetLastError

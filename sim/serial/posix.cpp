@@ -23,7 +23,9 @@ bool IsPseudoTerminal(int port) {
 }  // namespace
 
 void OpenDevice(asio::serial_port& port, const std::string& device, const SerialSettings& settings) {
-    port.open(device.find('/') == std::string::npos ? "/dev/" + device : device);
+    std::error_code error;
+    port.open(device.find('/') == std::string::npos ? "/dev/" + device : device, error);
+    if (error) throw std::system_error(error.value(), std::system_category(), device);
     const int handle = port.native_handle();
     termios line{};
     bool done = tcgetattr(handle, &line) == 0;

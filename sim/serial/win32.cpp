@@ -9,7 +9,9 @@
 namespace calyx::sim {
 
 void OpenDevice(asio::serial_port& port, const std::string& device, const SerialSettings& settings) {
-    port.open(device);
+    std::error_code error;
+    port.open(device, error);
+    if (error) throw std::system_error(error.value(), std::system_category(), device);
     const HANDLE handle = port.native_handle();
     DCB line{};
     line.DCBlength = sizeof(line);

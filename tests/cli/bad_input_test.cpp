@@ -85,6 +85,23 @@ TEST_F(BadInput, UnwritableTargetsLeaveEverythingAsItWas) {
         {"simulate --state ~user", 3, "", "error 20001"},
         {"simulate --state ~none/a", 3, "", "error 20002"},
     });
+    // A name that no system takes; not every system tells it from one that is not there.
+    const std::string name = File(std::string(300, 'x') + ".mrn");
+    for (const auto& [reads, arguments] : std::vector<std::pair<bool, std::vector<std::string>>>{
+             {true, {"check", name}},
+             {true, {"set", name, "UID=1"}},
+             {true, {"set", File("good.mrn"), "--from", name}},
+             {true, {"download", File("good.mrn"), "--dry-run", "--program", name}},
+             {false, {"new", name}},
+             {false, {"set", File("good.mrn"), "UID=2", "--output", name}}}) {
+        const Ran ran = Run(arguments);
+        EXPECT_EQ(ran.code, 3) << arguments[0];
+        EXPECT_TRUE(reads ? Contains(ran.err, "error 20001 ") || Contains(ran.err, "error 10004 ")
+                          : Contains(ran.err, "error 20002 "))
+            << arguments[0] << '\n'
+            << ran.err;
+        EXPECT_FALSE(Contains(ran.err, "..")) << ran.err;
+    }
     EXPECT_EQ(Read("good.mrn"), good);
 }
 

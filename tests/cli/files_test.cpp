@@ -75,6 +75,44 @@ TEST_F(Files, SetTakesThousandsOfArgumentsAndLinesOfAFile) {
               "UID=8\nTRUCK=MODE2\nSP.VALUE#100=100\nSP.BATCH#100=ON\n");
 }
 
+// Changes a file the first time that something is said.
+class Meddler : public std::stringbuf {
+  public:
+    explicit Meddler(std::function<void()> meddle) : meddle_(std::move(meddle)) {}
+
+  private:
+    std::streamsize xsputn(const char* bytes, std::streamsize count) override {
+        if (auto meddle = std::exchange(meddle_, nullptr)) meddle();
+        return std::stringbuf::xsputn(bytes, count);
+    }
+    std::function<void()> meddle_;
+};
+
+TEST_F(Files, AChangeOfAnotherProgramMeanwhileIsNotReplaced) {
+    const std::string a = File("a.mrn"), mine = Read("a.mrn") + "\r\n; told before anything is written";
+    const std::string others = "of another program";
+    const auto run = [&](std::vector<std::string> words) {
+        Put("a.mrn", mine);
+        Meddler meddler([&] { Put("a.mrn", others); });
+        std::ostream err(&meddler);
+        std::ostringstream out;
+        std::istringstream in;
+        words.insert(words.end(),
+                     {"--skip-checks", "--user-dir", File("user"), "--data-dir", CALYX_DATA_DIR});
+        Console console{.out = out, .err = err, .in = in};
+        const int code = RunCli(words, console);
+        EXPECT_EQ(Read("a.mrn"), others);
+        return std::to_string(code) + meddler.str();
+    };
+    for (const auto& words :
+         {std::vector<std::string>{"set", a, "UID=1"}, {"merge", a, a, "--output", File("./a.mrn")}}) {
+        const std::string told = run(words);
+        EXPECT_EQ(told[0], '3') << told;
+        EXPECT_TRUE(Contains(told, "42600")) << told;
+    }
+    EXPECT_EQ(run({"set", a, "UID=1", "--output", File("b.mrn")})[0], '0');
+}
+
 TEST_F(Files, ValuesThatLoseTheirLineAreTold) {
     ASSERT_EQ(Run("set ~a.mrn SP.KIND#1=GROSS SP.HYSTER#1=5 EDP.BAUD#1=19200").code, 0);
     Expect({{"set ~a.mrn SP.TRIP#1=INBAND", 1, "", "SP.HYSTER#1 is not kept"},

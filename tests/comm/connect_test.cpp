@@ -125,6 +125,18 @@ TEST(Connect, DetectionTriesThirtyPairs) {
     EXPECT_EQ(test.events.told.back(), "COM1:4800,O,7,1");
 }
 
+// Adapters know fewer rates and framings than detection tries.
+TEST(Connect, DetectionPassesOverWhatThePortRefuses) {
+    ScriptedLink test(comm_method::kDetect);
+    test.wire.refuses = [](const std::string& settings) {
+        return settings.find(",7,") != std::string::npos || settings.starts_with("57600");
+    };
+    test.wire.device = IndicatorAt("38400,N,8,1");
+    test.link->Connect();
+    EXPECT_EQ(test.events.told.back(), "COM1:38400,N,8,1");
+    EXPECT_EQ(test.events.tried.size(), 3u) << "9600, 19200 and 38400, each without parity";
+}
+
 TEST(Connect, DetectionStopsOnCancelAndOnStreaming) {
     ScriptedLink cancelled(comm_method::kDetect);
     cancelled.events.pollsLeft = 100;

@@ -28,6 +28,7 @@ struct Wire {
 
     ManualClock clock;
     Device device;
+    std::function<bool(const std::string&)> refuses;  // settings that a serial port does not take
     std::vector<std::string> lines;
     std::vector<std::string> opened;                             // every wire that was opened, in words
     std::vector<std::pair<std::int64_t, std::string>> arriving;  // when, what; in order of time
@@ -88,6 +89,7 @@ struct ScriptedFactory : ITransportFactory {
     }
     std::unique_ptr<ITransport> MakeSerial(const std::string&, const std::string& settings) override {
         wire.opened.push_back(settings);
+        if (wire.refuses && wire.refuses(settings)) throw SettingsRefused(code::kLink, "test", settings);
         return std::make_unique<ScriptedTransport>(wire);
     }
 };

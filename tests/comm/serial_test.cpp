@@ -3,6 +3,7 @@
 #include "comm/serial/port_settings.h"
 
 #include "comm/download.h"
+#include "comm/serial/opening.h"
 #include "comm/stream_simulator.h"
 #include "comm/transport_factory.h"
 #include "comm/upload.h"
@@ -159,7 +160,9 @@ TEST_F(Serial, WhatCannotBeOpenedIsSaidInWords) {
         std::string port, settings;
         int text;
     };
-    const Case cases[] = {{"no-such-port", "9600,N,8,1", 9601},
+    sim::PtySimulator free({}, {.settings = "9600,N,8,1"});
+    const Case cases[] = {{"no-such-port", "9600,N,8,1", 9622},
+                          {free.Path(), "12345,N,8,1", 9620},      // no rate of this system
                           {simulator.Path(), "9600,N,8,1", 9619},  // in use
                           {simulator.Path(), "9600,N,9,1", 9613}};
     for (const Case& c : cases) {
@@ -176,8 +179,40 @@ TEST(SerialPort, OneThatIsNotThereIsSaidInWords) {
     SerialLink test("no-such-port", "9600,N,8,1");
     const Error error = Raised([&] { test.link->Connect(); });
     EXPECT_EQ(error.Code(), code::kLink);
+    EXPECT_TRUE(error.Description().starts_with("This computer has no serial port ")) << error.Description();
+    EXPECT_EQ(error.Description().find(".."), std::string::npos) << error.Description();
     EXPECT_NE(error.Description().find("no-such-port"), std::string::npos) << error.Description();
     EXPECT_FALSE(test.link->Connected());
+}
+
+// A driver that knows fewer settings than there are.
+TEST(SerialPort, TheSettingThatIsRefusedIsNamed) {
+    using Refused = serial::Opening::Refused;
+    const auto refused = std::make_error_code(std::errc::invalid_argument);
+    const auto driver = [&](const PortSettings& asked) {
+        return asked.baud > 115'200 || asked.dataBits == 7 ? refused : std::error_code();
+    };
+    const TestContext context{CALYX_DATA_DIR};
+    const struct {
+        const char* settings;
+        Refused what;
+        const char* words;
+    } cases[] = {{"9600,O,8,2", Refused::Nothing, ""},
+                 {"230400,N,8,1", Refused::Rate, "does not take 230400 baud"},
+                 {"9600,E,7,1", Refused::Framing, "does not take the framing E,7,1"},
+                 {"230400,E,7,1", Refused::Rate, "does not take 230400 baud"}};
+    for (const auto& c : cases) {
+        const serial::Opening opening = serial::ApplySettings(*ReadPortSettings(c.settings), driver);
+        EXPECT_EQ(opening.refused, c.what) << c.settings;
+        if (c.what == Refused::Nothing) continue;
+        try {
+            serial::FailOpening(context.texts, "COM7", c.settings, opening);
+        } catch (const SettingsRefused& error) {
+            EXPECT_NE(error.Description().find(c.words), std::string::npos) << error.Description();
+        }
+    }
+    const auto gone = serial::ApplySettings({}, [&](const PortSettings&) { return refused; });
+    EXPECT_EQ(gone.refused, Refused::Port) << "nothing goes: no other settings are asked for";
 }
 
 // The other end of the line is pulled out while an answer is awaited.

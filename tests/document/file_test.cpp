@@ -224,6 +224,66 @@ TEST_F(File, SavingFailsWholeAndACopyKeepsTheName) {
     EXPECT_EQ(document.Filename(), "[New File]");
 }
 
+// A file that another program can get at while this one writes.
+struct SharedFiles : MemoryFiles {
+    std::function<void()> beforeReplace;
+    bool locked = false;
+
+    std::string Read(const std::string& path) const override {
+        if (locked) throw std::system_error(std::make_error_code(std::errc::permission_denied));
+        return MemoryFiles::Read(path);
+    }
+    using IFileStore::Replace;
+    void Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) override {
+        if (beforeReplace) beforeReplace();
+        MemoryFiles::Replace(path, bytes, lastLook);
+    }
+};
+
+TEST_F(File, WhatAnotherProgramWroteIsNotReplacedUnasked) {
+    using Over = CIndicator::Over;
+    SharedFiles files;
+    context.files = &files;
+    std::string& file = files.files["a"];
+    const auto save = [&](Over over) {
+        try {
+            document.Save("a", false, over);
+            return 0;
+        } catch (const Error& error) {
+            EXPECT_NE(error.Description().find("\"a\""), std::string::npos);
+            return error.Code();
+        }
+    };
+    file = Saved({{"UID", "1"}});
+    const std::string others = Saved({{"UID", "2"}});
+    document.Load("a", false);
+    ASSERT_TRUE(document.Import({{"UID", "7"}}).refused.empty());
+    document.Save("a", true, Over::WhatIsKnown);  // a copy over the file itself is known, too
+    EXPECT_EQ(save(Over::WhatIsKnown), 0);
+    EXPECT_EQ(save(Over::WhatIsKnown), 0);
+
+    const auto untouched = [&](int code, const std::string& left) {
+        ASSERT_TRUE(document.Import({{"UID", "8"}}).refused.empty());
+        EXPECT_EQ(save(Over::WhatIsKnown), code);
+        EXPECT_TRUE(document.IsDirty());
+        EXPECT_EQ(files.files.contains("a") ? files.files["a"] : "gone", left);
+    };
+    const std::string mine = file;
+    files.beforeReplace = [&] { files.files["a"] = others; };  // at the last moment
+    untouched(42600, others);
+    files.beforeReplace = nullptr;
+    untouched(42600, others);
+    files.files["a"] = mine;
+    files.locked = true;
+    untouched(42602, mine);
+    files.locked = false;
+    files.files.erase("a");
+    untouched(42601, "gone");
+    EXPECT_EQ(save(Over::Anything), 0);
+    EXPECT_EQ(save(Over::WhatIsKnown), 0);
+    context.files = &context.memory;
+}
+
 TEST_F(File, HugeAndOddInputIsReadOrRefusedNeverLost) {
     EXPECT_EQ(Open("CONTACT.COMPANY=" + std::string(1 << 20, 'x') + "\r\n", true), 0);
     EXPECT_EQ(document.Value("CONTACT.COMPANY")->size(), std::size_t{1} << 20);

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include "model/language/codec.h"
+#include "model/language/reason.h"
 
 namespace calyx {
 namespace {
@@ -97,6 +98,35 @@ TEST(Codecs, ReadAndWrite) {
                   {"4152027", Taken::Not, ""},
                   {"00000000", Taken::Not, ""},
                   {"+1+12027", Taken::Not, ""}});
+}
+
+// Says what a system says.
+class Saying : public std::error_category {
+  public:
+    explicit Saying(std::string words) : words_(std::move(words)) {}
+    const char* name() const noexcept override { return "saying"; }
+    std::string message(int) const override { return words_; }
+
+  private:
+    std::string words_;
+};
+
+TEST(Reasons, FitInsideASentence) {
+    const struct {
+        const char *said, *reason;
+    } rows[] = {
+        {"No such file or directory", "No such file or directory"},
+        {"The system cannot find the file specified.\r\n", "The system cannot find the file specified"},
+        {"Access is denied. ", "Access is denied"},
+        {"The device is not ready.\r\nCheck it.\r\n", "The device is not ready. Check it"},
+        {"", "error 87 of the system"},
+        {"Unknown error code", "error 87 of the system"},
+    };
+    for (const auto& row : rows) {
+        const Saying category(row.said);
+        EXPECT_EQ(Reason(std::error_code(87, category)), row.reason);
+    }
+    EXPECT_EQ(ReasonIn("open: Access is denied.\r\n"), "open: Access is denied");
 }
 
 }  // namespace

@@ -78,6 +78,33 @@ TEST(WindowsFiles, ReadOnlyIsRefusedAndHiddenStaysHidden) {
     EXPECT_EQ(folder.Count(), 1);
 }
 
+TEST(WindowsFiles, PathsMayBeLong) {
+    const TestFolder folder;
+    FileStore files;
+    std::string path = folder.Text();
+    for (int level = 0; level < 8; ++level) {
+        path +=
+            "Pr\xC3\xBC"
+            "fstand " +
+            std::string(50, 'x') + '\\';
+        ASSERT_TRUE(CreateDirectoryW((L"\\\\?\\" + Wide(path)).c_str(), nullptr)) << GetLastError();
+    }
+    for (const std::string& name : {path + "a.mrn", path + "..\\b.mrn"}) {
+        files.Replace(name, "first");
+        files.Replace(name, "second");
+        EXPECT_EQ(files.Read(name), "second");
+        EXPECT_EQ(files.Look(name), IFileStore::Found::File);
+        files.Remove(name);
+        EXPECT_EQ(files.Look(name), IFileStore::Found::Nothing);
+    }
+    EXPECT_EQ(files.Look(path), IFileStore::Found::Folder);
+    EXPECT_TRUE(FailureOf([&] { files.Replace(path + std::string(300, 'x'), ""); }));
+    for (int level = 0; level < 8; ++level) {
+        RemoveDirectoryW((L"\\\\?\\" + Wide(path)).c_str());
+        path.resize(path.find_last_of('\\', path.size() - 2) + 1);
+    }
+}
+
 TEST(WindowsFiles, CaseDoesNotTellPathsApart) {
     EXPECT_TRUE(SamePath("C:\\Silo \xC3\x84.mrn", "c:\\SILO \xC3\xA4.MRN"));
     EXPECT_FALSE(SamePath("C:\\a", "C:\\b"));

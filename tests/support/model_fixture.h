@@ -31,8 +31,10 @@ class MemoryFiles : public IFileStore {
         return files.contains(path) ? Found::File : Found::Nothing;
     }
     std::string Read(const std::string& path) const override { return files.at(path); }
-    void Replace(const std::string& path, std::string_view bytes) override {
+    using IFileStore::Replace;
+    void Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) override {
         if (full) throw std::system_error(std::make_error_code(std::errc::no_space_on_device));
+        if (lastLook) lastLook();
         files[path] = bytes;
     }
     void Remove(const std::string& path) override { files.erase(path); }

@@ -165,8 +165,8 @@ void EditingTest::ValuesThatLoseTheirLineAreTold() {
     QVERIFY(!note->isVisible());
     session.SetParameter("EDP.INPUT#4", "KEYBD", false);
     QVERIFY(note->isVisible());
-    QVERIFY2(main.Status("noteWords").contains("Port 4: "), qPrintable(main.Status("noteWords")));
-    QVERIFY2(main.Status("noteWords").contains("Baud rate"), qPrintable(main.Status("noteWords")));
+    QVERIFY2(main.Status("ctlNoteWords").contains("Port 4: "), qPrintable(main.Status("ctlNoteWords")));
+    QVERIFY2(main.Status("ctlNoteWords").contains("Baud rate"), qPrintable(main.Status("ctlNoteWords")));
 
     main.Find<QAbstractButton>("cmdNoteUndo")->click();
     QVERIFY(!note->isVisible());
@@ -177,7 +177,7 @@ void EditingTest::ValuesThatLoseTheirLineAreTold() {
     QVERIFY(!note->isVisible());
     // What only the indicator knows has no line and is nothing that saving loses.
     session.Do("read", [](CIndicator& document) { return document.UpdateFromIndicator("SC.NUMWEIGH#1=12"); });
-    QVERIFY2(!note->isVisible(), qPrintable(main.Status("noteWords")));
+    QVERIFY2(!note->isVisible(), qPrintable(main.Status("ctlNoteWords")));
 }
 
 void EditingTest::TypingIsCheckedWhenItRests() {

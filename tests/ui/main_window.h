@@ -18,10 +18,12 @@ namespace calyx::test {
 // scripted.
 class MainWindow {
   public:
-    MainWindow() {
+    MainWindow() : MainWindow(nullptr) {}
+    // A second program of the same user.
+    explicit MainWindow(const MainWindow* beside) {
         modStartup::Options options;
         options.folders.dataDir = CALYX_DATA_DIR;
-        options.folders.userDir = folder.path().toStdString();
+        options.folders.userDir = (beside != nullptr ? beside->folder : folder).path().toStdString();
         app = modStartup::Main(options);
         app->settings.CommDelayTime = 2;  // ms, the unit of the link's waits
         Restart();

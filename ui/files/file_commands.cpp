@@ -14,6 +14,7 @@ namespace calyx::ui {
 namespace {
 
 constexpr const char* kNewName = "Untitled.mrn";
+constexpr std::chrono::milliseconds kLongestTurn(500);  // of another program; more would be felt
 
 bool CanBeOpenedAnyway(int errorCode) {
     return errorCode == code::kChecksum || errorCode == code::kNoChecksum ||
@@ -23,10 +24,20 @@ bool CanBeOpenedAnyway(int errorCode) {
 }  // namespace
 
 FileCommands::FileCommands(AppContext& app, DocumentSession& session, Dialogs& dialogs, QWidget* window)
-    : app_(app), recent_(app.settings), session_(session), dialogs_(dialogs), window_(window) {}
+    : app_(app),
+      recent_(app.settings),
+      session_(session),
+      dialogs_(dialogs),
+      window_(window),
+      open_(app.folders.userData, std::chrono::system_clock::now),
+      others_(dialogs, app.model.texts, window),
+      watch_(session) {
+    connect(&watch_, &FileWatch::Noticed, this, &FileCommands::FileNoticed);
+}
 
 QString FileCommands::Name() const {
     const CIndicator& document = session_.Document();
+    if (document.IsNew() && !copyOf_.isEmpty()) return Say(app_.model.texts, say::kCopyOf, copyOf_);
     if (document.IsNew()) return Say(app_.model.texts, say::kUntitled);
     return QFileInfo(Shown(document.Filename())).fileName();
 }
@@ -51,6 +62,8 @@ void FileCommands::New() {
     if (!MayLeave()) return;
     saved_ = false;
     notKept_ = 0;
+    copyOf_.clear();
+    open_.LetGo();
     session_.New();
     emit Opened();
 }
@@ -64,11 +77,25 @@ void FileCommands::Open() {
 
 bool FileCommands::OpenPath(const QString& path, bool anyway) {
     const std::string file = Utf8(QDir::toNativeSeparators(QFileInfo(path).absoluteFilePath()));
+    OpenFiles::Claim claim = open_.Ask(file);
+    auto answer = OtherPrograms::Opening::Anyway;
+    if (claim.other && !anyway) answer = others_.AskOpen(*claim.other, QFileInfo(path).fileName());
+    if (answer == OtherPrograms::Opening::Cancel) return false;
+    const bool asCopy = answer == OtherPrograms::Opening::Copy;
+    if (!Read(file, anyway, asCopy)) return false;
+    open_.Keep(asCopy ? OpenFiles::Claim{} : std::move(claim));
+    emit Opened();
+    return true;
+}
+
+bool FileCommands::Read(const std::string& file, bool anyway, bool asCopy) {
+    const QString before = std::exchange(copyOf_, asCopy ? QFileInfo(Shown(file)).fileName() : QString());
     try {
-        session_.Open(file, anyway);
+        asCopy ? session_.OpenCopy(file, anyway) : session_.Open(file, anyway);
     } catch (const Error& error) {
+        copyOf_ = before;
         app_.Record(error);
-        if (CanBeOpenedAnyway(error.Code())) return AskOpenAnyway(error) == 0 && OpenPath(path, true);
+        if (CanBeOpenedAnyway(error.Code())) return AskOpenAnyway(error) == 0 && Read(file, true, asCopy);
         Fail(say::kOpenFailed, error);
         if (error.Code() == code::kFileNotFound) {
             recent_.Remove(file);
@@ -79,10 +106,30 @@ bool FileCommands::OpenPath(const QString& path, bool anyway) {
     }
     saved_ = false;
     at_ = QTime::currentTime();
-    notKept_ = LinesNotKept(session_.Report());
+    notKept_ = asCopy ? 0 : LinesNotKept(session_.Report());
     Remember(Shown(file));
-    emit Opened();
     return true;
+}
+
+void FileCommands::LookAtFile() {
+    open_.AskAgain();
+    watch_.Look();
+}
+
+void FileCommands::Reload() {
+    if (!FinishInput()) return;
+    const std::size_t changes = session_.Document().IsDirty() ? session_.ChangesSinceSave().Count() : 0;
+    switch (others_.AskReload(changes, Name())) {
+        case OtherPrograms::Reloading::Anyway:
+            break;
+        case OtherPrograms::Reloading::Differences:
+            return emit DifferencesWanted();
+        case OtherPrograms::Reloading::Cancel:
+            return;
+    }
+    if (!Read(session_.Document().Filename(), false, false)) return;
+    emit Opened();
+    emit Told(Say(app_.model.texts, say::kReloaded, Name()));
 }
 
 int FileCommands::AskOpenAnyway(const Error& error) {
@@ -117,7 +164,7 @@ bool FileCommands::Save() {
 bool FileCommands::SaveOverOpened() {
     switch (AskDropLines()) {
         case Drop::Go:
-            return SaveTo(Shown(session_.Document().Filename()));
+            return SaveTo(Shown(session_.Document().Filename()), Over::WhatIsKnown);
         case Drop::Elsewhere:
             return SaveAs();
         case Drop::Cancel:
@@ -135,10 +182,11 @@ bool FileCommands::IsOpened(const QString& path) const {
 
 bool FileCommands::SaveAs() {
     if (!FinishInput()) return false;
-    const QString name = session_.Document().IsNew() ? QString::fromLatin1(kNewName) : Name();
-    const QString path = AskTarget(say::kSaveTitle, name, ConfigurationFilters(), QStringLiteral("mrn"));
-    if (IsOpened(path)) return SaveOverOpened();
-    return !path.isEmpty() && SaveTo(path);
+    const QString path =
+        AskTarget(say::kSaveTitle, ProposedName(), ConfigurationFilters(), QStringLiteral("mrn"));
+    // A file that has gone and is named again is meant to be there again.
+    if (IsOpened(path) && QFileInfo::exists(path)) return SaveOverOpened();
+    return !path.isEmpty() && MayReplaceElsewhere(path) && SaveTo(path);
 }
 
 // Comments and unknown lines of the file that was opened have no place in the document.
@@ -154,19 +202,45 @@ FileCommands::Drop FileCommands::AskDropLines() {
     return static_cast<Drop>(answer);
 }
 
-bool FileCommands::SaveTo(const QString& path) {
+bool FileCommands::SaveTo(const QString& path, Over over) {
+    const std::string file = Utf8(QDir::toNativeSeparators(path));
     try {
-        session_.Save(Utf8(QDir::toNativeSeparators(path)));
+        const auto turn = TakeTurn(app_.folders.userData, file, kLongestTurn);
+        session_.Save(file, over);
     } catch (const Error& error) {
+        if (OtherPrograms::AreMeantBy(error)) return AskSaveAnyway(error, path);
         Fail(say::kSaveFailed, error);
         return false;
     }
     saved_ = true;
     notKept_ = 0;
     at_ = QTime::currentTime();
+    copyOf_.clear();
+    open_.Keep(open_.Ask(file));
     Remember(path);
     emit Told(Say(app_.model.texts, say::kWritten, path));
     return true;
+}
+
+bool FileCommands::AskSaveAnyway(const Error& error, const QString& path) {
+    app_.Record(error);
+    switch (others_.AskSave(error, path)) {
+        case OtherPrograms::Saving::Anyway:
+            return SaveTo(path);
+        case OtherPrograms::Saving::Elsewhere:
+            return SaveAs();
+        case OtherPrograms::Saving::Differences:
+            emit DifferencesWanted();
+            break;
+        case OtherPrograms::Saving::Cancel:
+            break;
+    }
+    return false;
+}
+
+bool FileCommands::MayReplaceElsewhere(const QString& path) {
+    const auto other = open_.Ask(Utf8(QDir::toNativeSeparators(path))).other;
+    return !other || others_.AskReplace(*other, QFileInfo(path).fileName());
 }
 
 void FileCommands::SaveCopy() {
@@ -179,8 +253,13 @@ void FileCommands::SaveCopy() {
         if (drop == Drop::Elsewhere) return SaveCopy();
         if (drop == Drop::Cancel) return;
     }
+    if (path.isEmpty() || (!opened && !MayReplaceElsewhere(path))) return;
+    // By its own name, so that the document knows what its file holds from now on.
+    const std::string file = opened ? session_.Document().Filename() : Utf8(path);
     WriteFile(path, say::kSaveFailed, [&] {
-        session_.Document().Save(Utf8(path), true);
+        const auto turn = TakeTurn(app_.folders.userData, file, kLongestTurn);
+        const bool known = opened && QFileInfo::exists(path);
+        session_.Document().Save(file, true, known ? Over::WhatIsKnown : Over::Anything);
         if (opened) notKept_ = 0;
     });
 }
@@ -266,9 +345,14 @@ void FileCommands::SaveSettings() {
     }
 }
 
+QString FileCommands::ProposedName() const {
+    if (!session_.Document().IsNew()) return Name();
+    if (copyOf_.isEmpty()) return QString::fromLatin1(kNewName);
+    return QFileInfo(copyOf_).completeBaseName() + QStringLiteral("-copy.mrn");
+}
+
 QString FileCommands::PathWithout(const QString& suffix) const {
-    const QString name = session_.Document().IsNew() ? QString::fromLatin1(kNewName) : Name();
-    return QFileInfo(name).completeBaseName() + suffix;
+    return QFileInfo(ProposedName()).completeBaseName() + suffix;
 }
 
 }  // namespace calyx::ui

@@ -4,6 +4,7 @@
 
 #include "comm/transport_factory.h"
 #include "model/language/change_set.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 #include "ui/link/link_ui_texts.h"
 #include "ui/text.h"
@@ -62,7 +63,7 @@ void LinkDesk::OpenSimulated() {
                 sim::SimulatorOptions{.hardware = cards_ ? cards_() : std::string(), .faults = faults_});
         } catch (const std::exception& failure) {
             throw Error(code::kLink, "Calyx.LinkDesk.OpenSimulated",
-                        app_.model.texts.Format(say::kSimulatorFailed, {failure.what()}));
+                        app_.model.texts.Format(say::kSimulatorFailed, {ReasonIn(failure.what())}));
         }
     }
     LinkSettings wire;
@@ -119,7 +120,7 @@ void LinkDesk::NeedBusOff() {
 // Firmware that has no such line refuses it; then nothing is known of the cards.
 void LinkDesk::AskForCards() {
     liveCards_.clear();
-    const std::string reply = link_->GetData("HARDWARE\r").value_or(std::string());
+    const std::string reply = link_->GetAnswer("HARDWARE").value_or(std::string());
     for (const KeyValue& line : ReadLines(reply)) {
         if (EqualNoCase(line.key, "HARDWARE")) liveCards_ = line.value;
     }

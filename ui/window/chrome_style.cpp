@@ -147,6 +147,8 @@ void ChromeStyle::drawControl(ControlElement element, const QStyleOption* option
     switch (element) {
         case CE_MenuBarItem:
             return DrawMenuTitle(option, painter);
+        case CE_MenuItem:
+            return DrawMenuItem(option, painter, widget);
         case CE_TabBarTabShape:
             return DrawTab(option, painter);
         case CE_HeaderSection:
@@ -182,6 +184,18 @@ void ChromeStyle::DrawRow(const QStyleOption* option, QPainter* painter) {
     } else if (Has(option, State_MouseOver) && Has(option, State_Enabled)) {
         painter->fillRect(option->rect, palette.color(role::kRaised));
     }
+}
+
+// The chosen one's icon is as light as its words: the style underneath asks for that of a plain one.
+void ChromeStyle::DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const {
+    const auto* item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+    if (item == nullptr || item->icon.isNull() || !Has(option, State_Selected) || !Has(option, State_Enabled))
+        return CalyxStyle::drawControl(CE_MenuItem, option, painter, widget);
+    QStyleOptionMenuItem chosen(*item);
+    const int size = pixelMetric(PM_SmallIconSize, option, widget);
+    const qreal ratio = painter->device()->devicePixelRatioF();
+    chosen.icon = QIcon(item->icon.pixmap(QSize(size, size), ratio, QIcon::Selected));
+    CalyxStyle::drawControl(CE_MenuItem, &chosen, painter, widget);
 }
 
 void ChromeStyle::DrawMenuTitle(const QStyleOption* option, QPainter* painter) {

@@ -29,6 +29,7 @@ class ChromeStyle final : public CalyxStyle {
 
   private:
     static void DrawRow(const QStyleOption* option, QPainter* painter);
+    void DrawMenuItem(const QStyleOption* option, QPainter* painter, const QWidget* widget) const;
     static void DrawMenuTitle(const QStyleOption* option, QPainter* painter);
     static void DrawToolLabel(const QStyleOption* option, QPainter* painter);
     static void DrawTab(const QStyleOption* option, QPainter* painter);

@@ -1,19 +1,16 @@
 #pragma once
 
-#include <QFrame>
 #include <vector>
 
 #include "model/language/section.h"
-
-class QLabel;
+#include "ui/window/note_strip.h"
 
 namespace calyx::ui {
 
 class DocumentSession;
 
-// A strip above the page, seen only while there is something to tell: that an edit has taken the lines of
-// values, which saving would lose, with the way back.
-class ctlNote : public QFrame {
+// Above the page: that an edit has taken the lines of values, which saving would lose, with the way back.
+class ctlNote : public NoteStrip {
     Q_OBJECT
 
   public:
@@ -28,7 +25,6 @@ class ctlNote : public QFrame {
     QString Named(const std::vector<Refusal>& values) const;
 
     DocumentSession& session_;
-    QLabel* words_;
 };
 
 }  // namespace calyx::ui

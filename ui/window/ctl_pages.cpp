@@ -37,6 +37,10 @@ ctlPages::ctlPages(DocumentSession& session, PageTools tools)
     connect(note_, &ctlNote::UndoWanted, this, &ctlPages::UndoWanted);
 }
 
+void ctlPages::AddNote(QWidget* note) {
+    static_cast<QVBoxLayout*>(layout())->insertWidget(0, note);
+}
+
 void ctlPages::Show(const Place& place) {
     place_ = &place;
     heading_->setText(Say(session_.Context().texts, place.title));

@@ -19,6 +19,7 @@ class ctlPages : public QWidget {
   public:
     ctlPages(DocumentSession& session, PageTools tools);
 
+    void AddNote(QWidget* note);  // above heading and page
     void Show(const Place& place);
     // Shows the field of a key on the present page. False: it has none.
     bool FocusKey(const QString& key);

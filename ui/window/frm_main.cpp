@@ -43,6 +43,7 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
       panes_(new ctlPanes(session_)),
       find_(new ctlFind(session_, this)),
       status_(new ctlStatus(app.model.texts)),
+      fileNote_(new ctlFileNote(app.model.texts)),
       toolBar_(new QToolBar),
       device_(new QToolButton),
       parts_{new QSplitter(Qt::Horizontal), new QSplitter(Qt::Vertical), actions_->viewLines,
@@ -54,6 +55,7 @@ frmMain::frmMain(AppContext& app, Dialogs& dialogs)
     MakeBars();
     ConnectCommands();
     ConnectViews();
+    ConnectFiles();
     ConnectViewMenu();
     RestoreLayout(app.settings, *this, parts_);
     panes_->Refresh();
@@ -77,6 +79,7 @@ frmMain::~frmMain() {
 }
 
 void frmMain::MakeWindow() {
+    pages_->AddNote(fileNote_);
     parts_.columns->addWidget(navigation_);
     parts_.columns->addWidget(pages_);
     parts_.columns->addWidget(lines_);
@@ -174,7 +177,7 @@ void frmMain::ConnectViews() {
     connect(find_, &ctlFind::Chosen, this, &frmMain::ShowParameter);
     connect(find_, &ctlFind::Left, pages_, &ctlPages::FocusPage);
 
-    connect(&session_, &DocumentSession::GoTo, this, &frmMain::ShowParameter);
+    connect(&session_, &DocumentSession::GoTo, this, &frmMain::ShowOneOf);
     connect(&session_, &DocumentSession::Told, status_, &ctlStatus::ShowMessage);
     const auto documentChanged = [this] {
         ShowTitle();
@@ -183,15 +186,6 @@ void frmMain::ConnectViews() {
     connect(&session_, &DocumentSession::Changed, this, documentChanged);
     connect(&session_, &DocumentSession::Replaced, this, documentChanged);
     connect(&session_, &DocumentSession::Saved, this, documentChanged);
-    connect(&files_, &FileCommands::Told, status_, &ctlStatus::ShowMessage);
-    connect(&files_, &FileCommands::RecentChanged, this, [this] {
-        FillRecent();
-        ShowFacts();
-    });
-    connect(&files_, &FileCommands::Opened, this, [this] {
-        ShowFacts();
-        if (panes_->Report().Count() > 0) ShowPane(&panes_->Report());
-    });
     connect(&desk_, &LinkDesk::Logged, &panes_->Log(), &ctlLinkLog::Append);
     connect(&desk_, &LinkDesk::DeviceChanged, this, &frmMain::ShowDevice);
     connect(&link_, &LinkCommands::Logged, &panes_->Log(), &ctlLinkLog::Append);
@@ -200,6 +194,26 @@ void frmMain::ConnectViews() {
     connect(&link_, &LinkCommands::Compared, pages_, &ctlPages::SetDiffering);
     connect(&session_, &DocumentSession::Replaced, pages_, [pages = pages_] { pages->SetDiffering({}); });
     connect(&link_, &LinkCommands::Chosen, this, &frmMain::ShowParameter);
+}
+
+void frmMain::ConnectFiles() {
+    connect(&files_, &FileCommands::Told, status_, &ctlStatus::ShowMessage);
+    connect(&files_, &FileCommands::RecentChanged, this, [this] {
+        FillRecent();
+        ShowTitle();
+        ShowFacts();
+    });
+    connect(&files_, &FileCommands::Opened, this, [this] {
+        status_->ShowMessage({});  // what it said was of another document
+        ShowTitle();
+        ShowFacts();
+        if (panes_->Report().Count() > 0) ShowPane(&panes_->Report());
+    });
+    connect(&files_, &FileCommands::FileNoticed, this,
+            [this](FileWatch::State state) { fileNote_->Show(state, files_.Name()); });
+    connect(&files_, &FileCommands::DifferencesWanted, this, &frmMain::CompareWithFile);
+    connect(fileNote_, &ctlFileNote::ReloadWanted, &files_, &FileCommands::Reload);
+    connect(fileNote_, &ctlFileNote::DifferencesWanted, this, &frmMain::CompareWithFile);
 }
 
 void frmMain::ConnectViewMenu() {
@@ -256,6 +270,10 @@ bool frmMain::event(QEvent* event) {
     // The system has gone over to another look. Later, since it is still on its way through the windows.
     if (event->type() == QEvent::ThemeChange && app_.settings.Theme.empty())
         QTimer::singleShot(0, this, [this] { SetLook({}); });
+    if (event->type() == QEvent::WindowActivate) {
+        files_.LookAtFile();
+        ShowTitle();  // the other program that had the file open may have ended
+    }
     return QMainWindow::event(event);
 }
 

@@ -12,6 +12,7 @@
 #include "ui/panes/ctl_lines.h"
 #include "ui/panes/ctl_panes.h"
 #include "ui/text.h"
+#include "ui/window/ctl_file_note.h"
 #include "ui/window/ctl_find.h"
 #include "ui/window/ctl_navigation.h"
 #include "ui/window/ctl_pages.h"
@@ -41,6 +42,8 @@ class frmMain : public QMainWindow {
     void ShowParameter(const QString& key);
     // Two configuration files side by side.
     void CompareFiles(const QString& before, const QString& after);
+    // The document beside its file as it is now.
+    void CompareWithFile();
 
   protected:
     void closeEvent(QCloseEvent* event) override;
@@ -77,6 +80,8 @@ class frmMain : public QMainWindow {
     void ShowParameterReference();
     void ShowKeyboard();
     void OpenDropped(const QStringList& files);
+    void ConnectFiles();
+    void ShowOneOf(const QStringList& keys);
     void ShowLines(bool shown);
     QString FileFact() const;
     QString DeviceFact() const;
@@ -95,6 +100,7 @@ class frmMain : public QMainWindow {
     ctlPanes* panes_;
     ctlFind* find_;
     ctlStatus* status_;
+    ctlFileNote* fileNote_;
     QToolBar* toolBar_;
     QToolButton* device_;
     WindowParts parts_;

@@ -50,6 +50,18 @@ void frmMain::ShowParameter(const QString& key) {
     lines_->SelectKey(key);
 }
 
+// On the page that is shown, if it has one of them: who takes a change back wants to see it where it was
+// made.
+void frmMain::ShowOneOf(const QStringList& keys) {
+    constexpr qsizetype kMostTried = 50;
+    for (const QString& key : keys.mid(0, kMostTried)) {
+        if (!pages_->FocusKey(key)) continue;
+        lines_->SelectKey(key);
+        return;
+    }
+    ShowParameter(keys.front());
+}
+
 void frmMain::ShowPane(QWidget* pane) {
     actions_->viewPanes->setChecked(true);
     panes_->setCurrentWidget(pane);
@@ -57,7 +69,10 @@ void frmMain::ShowPane(QWidget* pane) {
 }
 
 void frmMain::ShowTitle() {
-    setWindowTitle(Say(app_.model.texts, say::kWindowTitle, files_.Name()));
+    const ResourceTexts& texts = app_.model.texts;
+    const QString name =
+        files_.IsOpenElsewhere() ? Say(texts, say::kAlsoElsewhere, files_.Name()) : files_.Name();
+    setWindowTitle(Say(texts, say::kWindowTitle, name));
     setWindowModified(session_.Document().IsDirty());
 }
 
@@ -243,6 +258,22 @@ void frmMain::CompareFiles(const QString& before, const QString& after) {
     } catch (const Error& error) {
         app_.Record(error);
         TellError(dialogs_, app_.model.texts, this, Text(say::kOpenFailed), error);
+    }
+}
+
+void frmMain::CompareWithFile() {
+    const CIndicator& here = session_.Document();
+    try {
+        CIndicator file(app_.model);
+        file.Load(here.Filename(), true);
+        const frmCompare::Sides sides{Text(say::kDifferencesTitle), Text(say::kWindowSide),
+                                      Text(say::kFileSide), Text(say::kSameAsFile)};
+        auto* dialog = new frmCompare(Difference(here.Lines(), file.Lines()), here, file, sides, this);
+        connect(dialog, &frmCompare::Chosen, this, &frmMain::ShowParameter);
+        dialog->open();
+    } catch (const Error& error) {
+        app_.Record(error);
+        TellError(dialogs_, app_.model.texts, this, Text(say::kDifferencesTitle), error);
     }
 }
 
