@@ -39,7 +39,7 @@ void CIndicator::Initialize() {
         filename_ = kNewFile;
         codFilename_.clear();
         isNew_ = true;
-        stamp_.reset();
+        onFile_.reset();
         fileVersion_ = context_->programVersion;
         indicatorVersion_ = context_->texts.Text(126);
         sections_->general.SetVersion(indicatorVersion_);

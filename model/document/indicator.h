@@ -1,5 +1,6 @@
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -10,15 +11,6 @@
 #include "model/language/section.h"
 
 namespace calyx {
-
-// What a file held: two equal ones of one file mean that nobody has written another content since.
-struct FileStamp {
-    std::size_t size = 0;  // bytes
-    std::int32_t checksum = 0;
-
-    static FileStamp Of(std::string_view bytes);
-    friend bool operator==(const FileStamp&, const FileStamp&) = default;
-};
 
 // The document: one complete configuration of one indicator, and the file that holds it.
 //
@@ -50,8 +42,8 @@ class CIndicator {
     //   42600 another program has changed the file   42601 it is gone   42602 it cannot be read
     enum class Over { Anything, WhatIsKnown };
     void Save(const std::string& filename, bool asCopy, Over over = Over::Anything);
-    // What its file held when it was last read or saved here; nothing for a document without one.
-    const std::optional<FileStamp>& Stamp() const { return stamp_; }
+    // What its file held when it was last read or saved here; null for a document without one.
+    const std::string* OnFile() const { return onFile_.get(); }
     // From now on a new document that was never saved, with the values that it has.
     void ForgetFile();
 
@@ -141,7 +133,7 @@ class CIndicator {
     bool doIndicatorRevisionCheck(const Dictionary& lines) const;
     bool VersionIsAccepted(std::string_view version) const;
     void CheckFile(const Dictionary& lines, const std::string& filename) const;
-    FileStamp WriteCRCFile(const std::string& filename, std::string_view body, Over over) const;
+    std::string WriteCRCFile(const std::string& filename, std::string_view body, Over over) const;
     void CheckKnown(const std::string& filename) const;
     std::string Envelope(std::string_view body) const;
     void ReadVersions(const Dictionary& lines);
@@ -161,7 +153,7 @@ class CIndicator {
     std::string indicatorVersion_;
     std::string fileVersion_;
     bool isNew_ = true;
-    std::optional<FileStamp> stamp_;
+    std::shared_ptr<const std::string> onFile_;
     std::optional<DocumentSections> sections_;
 };
 

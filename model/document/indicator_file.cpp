@@ -150,9 +150,8 @@ ReadReport CIndicator::Load(const std::string& filename, bool skipChecks) {
         Dictionary lines = LoadDictionary(filename);
         ReadVersions(lines);
         if (!skipChecks) CheckFile(lines, filename);
-        const FileStamp stamp = FileStamp::Of(lines.Text());
         ReadReport report = TakeSections(lines, filename);
-        stamp_ = stamp;
+        onFile_ = std::make_shared<const std::string>(std::move(lines).ReleaseText());
         return report;
     });
 }
@@ -196,7 +195,7 @@ ReadReport CIndicator::TakeSections(Dictionary& lines, const std::string& filena
     sections_.emplace(std::move(s));
     isNew_ = false;
     filename_ = filename;
-    stamp_.reset();
+    onFile_.reset();
     codFilename_ = FirstValue(lines, "@CODFile");
     return report;
 }
@@ -214,25 +213,21 @@ std::string CIndicator::FileText() const {
     return Envelope(Body());
 }
 
-FileStamp FileStamp::Of(std::string_view bytes) {
-    return {bytes.size(), Checksum(bytes)};
-}
-
 void CIndicator::CheckKnown(const std::string& filename) const {
-    if (!stamp_) return;
+    if (!onFile_) return;
     try {
         const IFileStore::Found found = context_->files->Look(filename);
         if (found == IFileStore::Found::Nothing) Fail(code::kFileGone, "CheckKnown", {filename});
         if (found == IFileStore::Found::Folder) Fail(code::kIsFolder, "CheckKnown", {filename});
-        if (FileStamp::Of(context_->files->Read(filename)) != *stamp_)
+        if (context_->files->Read(filename) != *onFile_)
             Fail(code::kFileChanged, "CheckKnown", {filename});
     } catch (const std::system_error& error) {
         Fail(code::kFileUnknown, "CheckKnown", {filename, Reason(error)});
     }
 }
 
-FileStamp CIndicator::WriteCRCFile(const std::string& filename, std::string_view body, Over over) const {
-    const std::string text = Envelope(body);
+std::string CIndicator::WriteCRCFile(const std::string& filename, std::string_view body, Over over) const {
+    std::string text = Envelope(body);
     IFileStore::LastLook lastLook;
     if (over == Over::WhatIsKnown) {
         CheckKnown(filename);  // before anything is written into a folder that may be gone, too
@@ -245,15 +240,15 @@ FileStamp CIndicator::WriteCRCFile(const std::string& filename, std::string_view
     } catch (const std::system_error& error) {
         Fail(code::kFileNotWritten, "WriteCRCFile", {filename, Reason(error)});
     }
-    return FileStamp::Of(text);
+    return text;
 }
 
 void CIndicator::Save(const std::string& filename, bool asCopy, Over over) {
     As("Calyx.CIndicator.Save", [&] {
         NeedDocument("Save");
         // The name is taken over once the file stands: a failed save leaves the document as it was.
-        const FileStamp written = WriteCRCFile(filename, Body(), over);
-        if (!asCopy || filename == filename_) stamp_ = written;
+        std::string written = WriteCRCFile(filename, Body(), over);
+        if (!asCopy || filename == filename_) onFile_ = std::make_shared<const std::string>(std::move(written));
         if (asCopy) return;
         isNew_ = false;
         filename_ = filename;
@@ -265,7 +260,7 @@ void CIndicator::Save(const std::string& filename, bool asCopy, Over over) {
 void CIndicator::ForgetFile() {
     isNew_ = true;
     filename_ = kNewFile;
-    stamp_.reset();
+    onFile_.reset();
 }
 
 void CIndicator::GenerateImportFile(const std::string& filename) {

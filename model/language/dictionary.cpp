@@ -35,7 +35,7 @@ std::size_t CountOf(char wanted, std::string_view text) {
 
 }  // namespace
 
-Dictionary::Dictionary(std::string text) : text_(std::make_unique<const std::string>(std::move(text))) {
+Dictionary::Dictionary(std::string text) : text_(std::make_unique<std::string>(std::move(text))) {
     ReadLines();
     Index();
     FindRuns();

@@ -79,6 +79,7 @@ class Dictionary {
     Group GroupOf(std::string_view head, std::string_view suffix) const;
 
     const std::string& Text() const { return *text_; }
+    std::string ReleaseText() && { return std::move(*text_); }  // its entries are gone with it
     const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences
     const std::vector<Run>& Runs() const { return runs_; }                // all entries, in file order
     const std::vector<Entry>& Duplicates() const { return duplicates_; }  // later occurrences
@@ -93,7 +94,7 @@ class Dictionary {
     std::size_t GroupSlotOf(std::string_view head, std::string_view suffix) const;
     std::size_t SlotOf(std::string_view key) const;
 
-    std::unique_ptr<const std::string> text_;
+    std::unique_ptr<std::string> text_;
     std::vector<Entry> entries_;
     std::vector<Entry> duplicates_;
     std::vector<Run> runs_;

@@ -212,12 +212,12 @@ TEST_F(LinkCommands, WhatStopsTheLinkIsANumberedError) {
 }
 
 TEST_F(LinkCommands, InterruptedDownloadSaysWhatItLeaves) {
-    Start();
+    Start({"late:5"});  // so that looking at it now and then leaves it time to answer
     std::atomic<std::atomic<bool>*> cancel{nullptr};
     watchInterrupt = [&](std::atomic<bool>* flag) { cancel = flag; };
     std::jthread finger([&](const std::stop_token& stop) {
         while (!stop.stop_requested() && simulator->Snapshot().receivedCount < 20) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            std::this_thread::sleep_for(std::chrono::milliseconds(20));
         }
         if (std::atomic<bool>* flag = cancel) *flag = true;
     });

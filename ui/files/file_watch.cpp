@@ -19,7 +19,7 @@ FileWatch::FileWatch(DocumentSession& session) : session_(session) {
 
 QString FileWatch::Path() const {
     const CIndicator& document = session_.Document();
-    return document.Stamp() ? Shown(document.Filename()) : QString();
+    return document.OnFile() != nullptr ? Shown(document.Filename()) : QString();
 }
 
 void FileWatch::Begin() {
@@ -32,9 +32,10 @@ void FileWatch::Begin() {
 FileWatch::Told FileWatch::Found(const QString& path) const {
     const IFileStore& files = *session_.Context().files;
     try {
-        if (files.Look(Utf8(path)) == IFileStore::Found::Nothing) return {State::Gone, std::nullopt};
-        const FileStamp stamp = FileStamp::Of(files.Read(Utf8(path)));
-        return stamp == session_.Document().Stamp() ? Told{} : Told{State::Changed, stamp};
+        if (files.Look(Utf8(path)) == IFileStore::Found::Nothing) return {State::Gone};
+        std::string content = files.Read(Utf8(path));
+        const std::string* known = session_.Document().OnFile();
+        return known != nullptr && content == *known ? Told{} : Told{State::Changed, std::move(content)};
     } catch (const std::system_error&) {
         return told_;
     }

@@ -30,7 +30,7 @@ class FileWatch : public QObject {
   private:
     struct Told {
         State state = State::Same;
-        std::optional<FileStamp> stamp;
+        std::string content = {};  // where it was changed
         friend bool operator==(const Told&, const Told&) = default;
     };
     struct Seen {
