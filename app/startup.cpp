@@ -50,9 +50,9 @@ void PrepareUserFolder(AppContext& context) {
     try {
         MakeFolder(context.folders.userData);
     } catch (const std::system_error& failure) {
-        context.Record(Error(code::kUserFolder, kSource,
-                             context.model.texts.Format(
-                                 code::kUserFolder, {context.folders.userData, Reason(failure)})));
+        context.Record(Error(
+            code::kUserFolder, kSource,
+            context.model.texts.Format(code::kUserFolder, {context.folders.userData, Reason(failure)})));
     }
 }
 

@@ -57,8 +57,8 @@ inline constexpr int kCalibrationNotBack = 40321;
 inline constexpr int kOtherIndicator = 40322;
 inline constexpr int kCalibrationWaits = 42202;
 
-inline constexpr int kPortSettings = 9613;  // {1} the settings as given
-inline constexpr int kPortBusy = 9619;      // {1} port, {2} the system's reason
+inline constexpr int kPortSettings = 9613;    // {1} the settings as given
+inline constexpr int kPortBusy = 9619;        // {1} port, {2} the system's reason
 inline constexpr int kRateRefused = 9620;     // {1} port, {2} baud, {3} the system's reason
 inline constexpr int kFramingRefused = 9621;  // {1} port, {2} "E,7,1", {3} the system's reason
 inline constexpr int kNoSuchPort = 9622;      // {1} port, {2} the system's reason

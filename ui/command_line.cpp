@@ -40,8 +40,8 @@ CommandLine Parse(const QStringList& words) {
                                      QStringLiteral("FILE"));
     const QCommandLineOption size(
         QStringLiteral("size"), QStringLiteral("size of the window for the picture"), QStringLiteral("WxH"));
-    const QCommandLineOption show(QStringLiteral("show"),
-                                  QStringLiteral("goes to a parameter at the start"), QStringLiteral("KEY"));
+    const QCommandLineOption show(QStringLiteral("show"), QStringLiteral("goes to a parameter at the start"),
+                                  QStringLiteral("KEY"));
     const QCommandLineOption quit(QStringLiteral("quit-after-first-paint"),
                                   QStringLiteral("ends once the window has been drawn"));
     parser.addOptions({userDir, dataDir, language, theme, picture, size, show, quit});

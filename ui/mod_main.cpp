@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "app/startup.h"
+#include "model/language/reason.h"
 #include "platform/standard_output.h"
 #include "ui/dialogs/qt_dialogs.h"
 #include "ui/dialogs/silent_dialogs.h"
@@ -47,7 +48,7 @@ class Application final : public QApplication {
         } catch (const Error& error) {
             Report(error);
         } catch (const std::exception& failure) {
-            Report(Error(say::kUnexpected, "Calyx.modMain.notify", failure.what()));
+            Report(Error(say::kUnexpected, "Calyx.modMain.notify", ReasonIn(failure.what())));
         }
         return false;
     }
@@ -82,7 +83,8 @@ class FirstPaint final : public QObject {
     }
 };
 
-void ShowNotices(const AppContext& app, const std::vector<Error>& notices, Dialogs& dialogs, QWidget* window) {
+void ShowNotices(const AppContext& app, const std::vector<Error>& notices, Dialogs& dialogs,
+                 QWidget* window) {
     if (notices.empty()) return;
     QStringList words;
     for (const Error& notice : notices) words += Shown(notice.Description());
@@ -142,7 +144,7 @@ int Start(Application& application, const Options& options, Dialogs& dialogs) {
         return CannotStart(dialogs, Shown(error.Description()));
     } catch (const std::exception& failure) {
         std::cerr << "calyx: " << failure.what() << '\n';
-        return CannotStart(dialogs, QString::fromLocal8Bit(failure.what()));
+        return CannotStart(dialogs, Shown(ReasonIn(failure.what())));
     }
 }
 

@@ -45,9 +45,8 @@ class Print final : public Command {
         try {
             program.Model().files->Replace(*html_, page);
         } catch (const std::system_error& failure) {
-            throw Error(
-                code::kFileNotWritten, "Calyx.Print.Write",
-                program.Model().texts.Format(code::kFileNotWritten, {*html_, Reason(failure)}));
+            throw Error(code::kFileNotWritten, "Calyx.Print.Write",
+                        program.Model().texts.Format(code::kFileNotWritten, {*html_, Reason(failure)}));
         }
     }
 

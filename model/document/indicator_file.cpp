@@ -219,8 +219,7 @@ void CIndicator::CheckKnown(const std::string& filename) const {
         const IFileStore::Found found = context_->files->Look(filename);
         if (found == IFileStore::Found::Nothing) Fail(code::kFileGone, "CheckKnown", {filename});
         if (found == IFileStore::Found::Folder) Fail(code::kIsFolder, "CheckKnown", {filename});
-        if (context_->files->Read(filename) != *onFile_)
-            Fail(code::kFileChanged, "CheckKnown", {filename});
+        if (context_->files->Read(filename) != *onFile_) Fail(code::kFileChanged, "CheckKnown", {filename});
     } catch (const std::system_error& error) {
         Fail(code::kFileUnknown, "CheckKnown", {filename, Reason(error)});
     }
@@ -248,7 +247,8 @@ void CIndicator::Save(const std::string& filename, bool asCopy, Over over) {
         NeedDocument("Save");
         // The name is taken over once the file stands: a failed save leaves the document as it was.
         std::string written = WriteCRCFile(filename, Body(), over);
-        if (!asCopy || filename == filename_) onFile_ = std::make_shared<const std::string>(std::move(written));
+        if (!asCopy || filename == filename_)
+            onFile_ = std::make_shared<const std::string>(std::move(written));
         if (asCopy) return;
         isNew_ = false;
         filename_ = filename;

@@ -79,7 +79,7 @@ class Dictionary {
     Group GroupOf(std::string_view head, std::string_view suffix) const;
 
     const std::string& Text() const { return *text_; }
-    std::string ReleaseText() && { return std::move(*text_); }  // its entries are gone with it
+    std::string ReleaseText() && { return std::move(*text_); }            // its entries are gone with it
     const std::vector<Entry>& Entries() const { return entries_; }        // in file order, first occurrences
     const std::vector<Run>& Runs() const { return runs_; }                // all entries, in file order
     const std::vector<Entry>& Duplicates() const { return duplicates_; }  // later occurrences

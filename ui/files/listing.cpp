@@ -14,6 +14,7 @@
 #include <system_error>
 
 #include "app/version.h"
+#include "model/language/reason.h"
 #include "ui/text.h"
 #include "ui/texts.h"
 
@@ -148,7 +149,7 @@ void WriteListing(AppContext& app, const CIndicator& document, const QString& he
         app.files.Replace(Utf8(path), listing);
     } catch (const std::system_error& failure) {
         throw Error(code::kFileNotWritten, "Calyx.WriteListing",
-                    app.model.texts.Format(code::kFileNotWritten, {Utf8(path), failure.code().message()}));
+                    app.model.texts.Format(code::kFileNotWritten, {Utf8(path), Reason(failure)}));
     }
 }
 

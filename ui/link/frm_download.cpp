@@ -321,7 +321,11 @@ DownloadReport frmDownload::RunJournaled(const DownloadOptions& options) {
         Notice({}, error.Description() + " " + texts.Text(compare_text::kNoPosition));
     }
     DownloadReport report = download_.RunSteps(record.steps, options, texts);
-    if (report.end != DownloadReport::End::Lost) journal_.Remove();
+    if (report.end == DownloadReport::End::Lost) {
+        journal_.Rest();
+    } else {
+        journal_.Remove();
+    }
     return report;
 }
 

@@ -11,6 +11,7 @@
 #include <QTextBrowser>
 
 #include "comm/calibration/certificate.h"
+#include "model/language/reason.h"
 #include "model/language/text.h"
 #include "ui/dialogs/screen_fit.h"
 #include "ui/link/calibration/print_page.h"
@@ -430,7 +431,7 @@ void frmCalibrationWizard::SaveCertificate() {
         app_.files.Replace(Utf8(QDir::toNativeSeparators(path)), Certificate());
         ShowNote(*status_, Say(texts, kSaved, QDir::toNativeSeparators(path)), false);
     } catch (const std::system_error& failure) {
-        ShowNote(*status_, Shown(failure.code().message()), true);
+        ShowNote(*status_, Shown(Reason(failure)), true);
     }
 }
 

@@ -11,6 +11,7 @@
 #include <system_error>
 
 #include "comm/link_texts.h"
+#include "model/language/reason.h"
 #include "platform/paths.h"
 #include "ui/dialogs/screen_fit.h"
 #include "ui/link/compare/compare_texts.h"
@@ -200,7 +201,7 @@ bool frmCompareIndicator::MakeBackupFolder() {
         return true;
     } catch (const std::system_error& failure) {
         Note(Say(app_.model.texts, kBackupFolder, QDir::toNativeSeparators(Shown(folder)),
-                 Shown(failure.code().message())),
+                 Shown(Reason(failure))),
              true);
         return false;
     }

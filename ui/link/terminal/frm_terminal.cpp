@@ -11,6 +11,7 @@
 #include <QShortcut>
 #include <system_error>
 
+#include "model/language/reason.h"
 #include "ui/dialogs/screen_fit.h"
 #include "ui/form/bytes.h"
 #include "ui/link/dialog_parts.h"
@@ -263,7 +264,7 @@ void frmTerminal::SendChosenFile() {
     try {
         SendText(app_.files.Read(Utf8(QDir::toNativeSeparators(path))), halt_->isChecked());
     } catch (const std::system_error& failure) {
-        Note(Shown(failure.code().message()), true);
+        Note(Shown(Reason(failure)), true);
     }
 }
 
@@ -279,7 +280,7 @@ void frmTerminal::SaveLog() {
         app_.files.Replace(Utf8(native), Utf8(log_->Text()));
         Note(Say(texts, say::kWritten, native), false);
     } catch (const std::system_error& failure) {
-        Note(Shown(failure.code().message()), true);
+        Note(Shown(Reason(failure)), true);
     }
 }
 
@@ -299,7 +300,7 @@ void frmTerminal::EditMacro(std::size_t number) {
         try {
             SaveMacroKeys(app_.files, macroFile_, macros_);
         } catch (const std::system_error& failure) {
-            Note(Say(app_.model.texts, kMacrosUnsaved, Shown(failure.code().message())), true);
+            Note(Say(app_.model.texts, kMacrosUnsaved, Shown(Reason(failure))), true);
         }
     });
     dialog->open();
