@@ -11,12 +11,14 @@ namespace calyx {
 // file it leads to is replaced. A file without permission to write is refused although the rename
 // would succeed. Hard links to the old file keep the old content; access lists beyond the plain
 // permissions are kept on Windows only. What is no regular file (a device, a pipe) holds nothing that
-// could be lost and is written straight.
+// could be lost and is written straight; on Windows it is refused.
 //
 // A program killed inside Replace may leave a file ".calyx-*.tmp" behind; it can be deleted.
 //
-// Read refuses named pipes, and devices that have nothing to give at once: a file dialog or a recent file
-// must not hang the program. The streams of the program's caller (/dev/stdin, /dev/fd/3) are waited for.
+// A file dialog or a recent file must not hang the program: Read refuses named pipes, and devices that have
+// nothing to give at once; the streams of the program's caller (/dev/stdin, /dev/fd/3) are waited for. On
+// Windows it refuses all that is no file on a disk, and all that the system takes for a device by its name
+// (NUL, COM5, on older systems also C:\folder\COM5.mrn).
 // It takes at most 256 MB, thousands of times the size of a configuration, and refuses more as too
 // large, so that an endless device does not fill the memory.
 class FileStore final : public IFileStore {

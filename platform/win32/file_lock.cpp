@@ -47,13 +47,20 @@ std::wstring FinalPath(const std::wstring& path) {
 
 // Others may read the words, not write: opening to write is the lock.
 std::unique_ptr<FileLock> FileLock::Take(const std::string& path, std::string_view words) {
-    const HANDLE file =
-        CreateFileW(win32::WidePath(path).c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr,
-                    CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
-    if (file == INVALID_HANDLE_VALUE) {
+    constexpr int kTries = 25;
+    constexpr DWORD kPause = 20;  // ms
+    const std::wstring wide = win32::WidePath(path);
+    const auto open = [&] {
+        return CreateFileW(wide.c_str(), GENERIC_WRITE | DELETE, FILE_SHARE_READ, nullptr, CREATE_ALWAYS,
+                           FILE_ATTRIBUTE_NORMAL | FILE_FLAG_DELETE_ON_CLOSE, nullptr);
+    };
+    HANDLE file = open();
+    for (int left = kTries; file == INVALID_HANDLE_VALUE; file = open()) {
         const DWORD error = GetLastError();
         if (error == ERROR_SHARING_VIOLATION) return nullptr;
-        win32::Fail(error);
+        // So answers a file that is on its way out, while a virus scanner still looks at it.
+        if (error != ERROR_ACCESS_DENIED || --left == 0) win32::Fail(error);
+        Sleep(kPause);
     }
     auto lock = std::make_unique<Held>(file);
     DWORD written = 0;

@@ -3,6 +3,7 @@
 #include <windows.h>
 
 #include <algorithm>
+#include <array>
 #include <random>
 #include <system_error>
 
@@ -46,6 +47,14 @@ DWORD Attributes(const std::wstring& path) {
 
 bool IsFolder(DWORD attributes) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0;
+}
+
+// Goes by the name alone, because opening a port would switch its lines.
+void RefuseDevice(const std::wstring& path) {
+    std::array<wchar_t, MAX_PATH> full{};  // a device's is short
+    const DWORD size = GetFullPathNameW(path.c_str(), MAX_PATH, full.data(), nullptr);
+    if (size < MAX_PATH && std::wstring_view(full.data(), size).starts_with(L"\\\\.\\"))
+        Fail(ERROR_NOT_SUPPORTED);
 }
 
 [[noreturn]] void FailAsFolder() {
@@ -152,19 +161,20 @@ IFileStore::Found FileStore::Look(const std::string& path) const {
 
 std::string FileStore::Read(const std::string& path) const {
     const std::wstring wide = WidePath(path);
+    RefuseDevice(wide);
     if (IsFolder(Attributes(wide))) FailAsFolder();
     const Handle file(CreateFileW(wide.c_str(), GENERIC_READ,
                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
                                   OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr));
+    // Not every name tells: \\server\pipe\name.
+    if (GetFileType(file.Get()) != FILE_TYPE_DISK) Fail(ERROR_NOT_SUPPORTED);
     std::string bytes;
     std::size_t used = 0;
     while (true) {
         if (used > kLargestFile) Fail(ERROR_FILE_TOO_LARGE);
         bytes.resize(used + kStep);
         DWORD got = 0;
-        const BOOL read = ReadFile(file.Get(), &bytes[used], kStep, &got, nullptr);
-        // A pipe whose writer is done ends this way.
-        if (!read && GetLastError() != ERROR_BROKEN_PIPE) Fail(GetLastError());
+        if (!ReadFile(file.Get(), &bytes[used], kStep, &got, nullptr)) Fail(GetLastError());
         if (got == 0) break;
         used += got;
     }
@@ -174,6 +184,7 @@ std::string FileStore::Read(const std::string& path) const {
 
 void FileStore::Replace(const std::string& path, std::string_view bytes, const LastLook& lastLook) {
     std::wstring target = WidePath(path);
+    RefuseDevice(target);
     const DWORD attributes = Attributes(target);
     const bool exists = attributes != INVALID_FILE_ATTRIBUTES;
     if (IsFolder(attributes)) FailAsFolder();

@@ -30,7 +30,7 @@ std::vector<SerialPortInfo> NamesInUse() {
         DWORD type = 0;
         const LSTATUS status = RegEnumValueW(key, index, name.data(), &nameSize, nullptr, &type,
                                              reinterpret_cast<BYTE*>(value.data()), &bytes);
-        if (status == ERROR_NO_MORE_ITEMS) break;
+        if (status != ERROR_SUCCESS && status != ERROR_MORE_DATA) break;  // their end, or the key went away
         if (status == ERROR_SUCCESS && type == REG_SZ) ports.push_back({win32::Narrow(value.data()), {}});
     }
     RegCloseKey(key);

@@ -19,20 +19,21 @@ using win32::Wide;
 
 class RegistrySettings : public ::testing::Test {
   protected:
-    // A version that no program has, so that a person's own settings stay out of it.
-    static constexpr const char* kVersion = "0.00.0-test";
-
     RegistrySettings() { Clear(); }
     ~RegistrySettings() override { Clear(); }
 
+    // A version that no program has, so that a person's own settings stay out of it, nor a test beside this
+    // one.
+    static std::string Version() { return "0.00.0-test-" + std::to_string(GetCurrentProcessId()); }
+    static std::string VersionKey() { return "SOFTWARE\\Calyx\\Calyx\\" + Version(); }
     static void Clear() {
-        const std::wstring key = Wide(std::string("SOFTWARE\\Calyx\\Calyx\\") + kVersion);
-        RegDeleteTreeW(HKEY_CURRENT_USER, key.c_str());
-        RegDeleteTreeW(HKEY_LOCAL_MACHINE, key.c_str());
+        for (const HKEY root : {HKEY_CURRENT_USER, HKEY_LOCAL_MACHINE}) {
+            RegDeleteTreeW(root, Wide(VersionKey()).c_str());
+        }
     }
     // The text below the version's key; "absent" when it is no text or not there.
     static std::string Stored(HKEY root, const std::string& subKey, const std::string& value) {
-        const std::wstring key = Wide(std::string("SOFTWARE\\Calyx\\Calyx\\") + kVersion + '\\' + subKey);
+        const std::wstring key = Wide(VersionKey() + '\\' + subKey);
         std::wstring text(200, L'\0');
         DWORD bytes = static_cast<DWORD>(text.size() * sizeof(wchar_t));
         const LSTATUS status =
@@ -41,12 +42,12 @@ class RegistrySettings : public ::testing::Test {
         return status == ERROR_SUCCESS ? win32::Narrow(text.c_str()) : "absent";
     }
     static bool MachineWideIsAllowed() {
-        const std::wstring key = Wide(std::string("SOFTWARE\\Calyx\\Calyx\\") + kVersion);
+        const std::wstring key = Wide(VersionKey());
         return RegSetKeyValueW(HKEY_LOCAL_MACHINE, key.c_str(), L"x", REG_SZ, L"", sizeof(wchar_t)) ==
                ERROR_SUCCESS;
     }
     static std::wstring KeyOf(const SettingRow& row) {
-        return Wide(std::string("SOFTWARE\\Calyx\\Calyx\\") + kVersion + '\\' + std::string(row.subKey));
+        return Wide(VersionKey() + '\\' + std::string(row.subKey));
     }
     static void Put(const SettingRow& row, DWORD kind, const void* value, std::size_t bytes) {
         const HKEY root = row.root == ISettingsStore::Root::User ? HKEY_CURRENT_USER : HKEY_LOCAL_MACHINE;
@@ -65,7 +66,7 @@ class RegistrySettings : public ::testing::Test {
         return 0;
     }
     CAppSettings Fresh() {
-        return {store_, texts_, kVersion, "", [this](const Error& error) { errors_.push_back(error); }};
+        return {store_, texts_, Version(), "", [this](const Error& error) { errors_.push_back(error); }};
     }
 
     win32::RegistrySettingsStore store_;
