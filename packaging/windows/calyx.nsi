@@ -5,11 +5,14 @@
 ;   uninstall.exe [/S] [/AllUsers | /CurrentUser] [/RemoveSettings]
 ;
 ; Ends with 0: done, 1: cancelled, 2: failed midway and put back, and the numbers below.
+; With /S somebody who is no administrator cannot upgrade what is installed for all users; /CurrentUser gives
+; him an installation of his own beside it.
 
 !define REFUSED_WINDOWS 3  ; this Windows is too old
 !define REFUSED_NEWER 4    ; a newer version is installed
 !define REFUSED_RUNNING 5  ; the program is running
 !define REFUSED_RIGHTS 6   ; not allowed to write there
+!define INCOMPLETE 7       ; a file could be neither replaced nor put back, or not be removed
 
 Target amd64-unicode
 Unicode true
@@ -27,6 +30,8 @@ BrandingText "Calyx ${VERSION}"
 !define APP_PATHS "Software\Microsoft\Windows\CurrentVersion\App Paths\calyx.exe"
 !define ENTRY "Software\Microsoft\Windows\CurrentVersion\Uninstall\Calyx"
 !define SUMMARY "Configuration editor for Merrin weight indicators"
+!define NO_FOLDER "none\Calyx"  ; stands for what the command line does not give; "Calyx" is added to a folder chosen
+!define UTF8_BUILD 18362        ; Windows 10, version 1903: the first that heeds a program's wish for UTF-8
 
 !define MULTIUSER_EXECUTIONLEVEL Highest
 !define MULTIUSER_MUI
@@ -47,7 +52,7 @@ BrandingText "Calyx ${VERSION}"
 
 Name "Calyx"
 OutFile "${RESULT}"
-InstallDir "$PROGRAMFILES64\Calyx"
+InstallDir "${NO_FOLDER}"
 VIProductVersion "${VERSION}.0"
 VIAddVersionKey "ProductName" "Calyx"
 VIAddVersionKey "ProductVersion" "${VERSION}"
@@ -61,6 +66,9 @@ Var Earlier         ; version that is installed already, or nothing
 Var EarlierFolder
 Var Welcome
 Var Failed
+Var InTheWay
+Var Disposable      ; the work folders hold nothing that is needed: 1, or nothing
+Var Outcome
 Var Shortcut        ; on the desktop, 0 or 1
 Var ShortcutBox
 Var Extension       ; opened by Calyx, 0 or 1
@@ -105,7 +113,7 @@ Page custom AskOptions KeepOptions
 !define MUI_INSTFILESPAGE_FINISHHEADER_TEXT "Calyx is installed"
 !define MUI_INSTFILESPAGE_FINISHHEADER_SUBTEXT " "
 !define MUI_INSTFILESPAGE_ABORTHEADER_TEXT "Calyx was not installed"
-!define MUI_INSTFILESPAGE_ABORTHEADER_SUBTEXT "What was there before is unchanged."
+!define MUI_INSTFILESPAGE_ABORTHEADER_SUBTEXT "$Outcome"
 !insertmacro MUI_PAGE_INSTFILES
 
 !define MUI_FINISHPAGE_TITLE "Calyx ${VERSION} is installed"
@@ -135,16 +143,42 @@ UninstPage custom un.AskWhatGoes un.KeepAnswer
 
 Function .onInit
   ${IfNot} ${AtLeastWin10}
-    ${Refuse} ${REFUSED_WINDOWS} "Calyx needs Windows 10 or newer, 64 bit."
+  ${OrIfNot} ${AtLeastBuild} ${UTF8_BUILD}
+    ${Refuse} ${REFUSED_WINDOWS} "Calyx needs Windows 10, version 1903, or newer, 64 bit. Update Windows, then start the setup again."
   ${EndIf}
   Call RefuseWithoutRights
+  Call RefuseSecondCopy
+  StrCpy $Outcome "What was there before is unchanged."
   StrCpy $Given ""
-  ${If} $INSTDIR != "$PROGRAMFILES64\Calyx"
+  ${If} $INSTDIR != "${NO_FOLDER}"
     StrCpy $Given $INSTDIR
   ${EndIf}
   !insertmacro MULTIUSER_INIT
   Call LookForEarlier
   Call ProposeOptions
+FunctionEnd
+
+; A silent upgrade without an administrator's rights would leave the installation for all users as it is, and put
+; another beside it.
+Function RefuseSecondCopy
+  UserInfo::GetAccountType
+  Pop $0
+  ${IfNot} ${Silent}
+  ${OrIf} $0 == "Admin"
+    Return
+  ${EndIf}
+  ${GetParameters} $1
+  ClearErrors
+  ${GetOptions} $1 "/CurrentUser" $2
+  ${IfNot} ${Errors}
+    Return
+  ${EndIf}
+  ReadRegStr $1 HKLM "${ENTRY}" "InstallLocation"
+  ReadRegStr $2 HKCU "${ENTRY}" "InstallLocation"
+  ${If} $1 != ""
+  ${AndIf} $2 == ""
+    ${Refuse} ${REFUSED_RIGHTS} "Calyx is installed for all users of this computer. Only an administrator may upgrade it."
+  ${EndIf}
 FunctionEnd
 
 Function LookForEarlier
@@ -254,7 +288,6 @@ FunctionEnd
 
 !include "exchange.nsh"
 
-; A setup that was ended midway may have left them.
 Function RemoveWorkFolders
   SetOutPath $TEMP
   RMDir /r "$INSTDIR\setup.new"
@@ -262,8 +295,82 @@ Function RemoveWorkFolders
 FunctionEnd
 
 Function .onInstFailed
-  Call RemoveWorkFolders
+  ${If} $Disposable = 1
+    Call RemoveWorkFolders
+  ${EndIf}
   RMDir "$INSTDIR"
+FunctionEnd
+
+; A setup that was ended midway, by a power cut say, left the earlier version in setup.old, with its list unless
+; it had not come to that, and may have put files of its own in its place. Without this those of them that no
+; list names would stay for ever, and be lost if this setup fails.
+Function PutInterruptedBack
+  ${IfNot} ${FileExists} "$INSTDIR\setup.old"
+    Return
+  ${EndIf}
+  ${If} ${FileExists} "$INSTDIR\setup.old\installed.txt"
+  ${OrIfNot} ${FileExists} "$INSTDIR\installed.txt"
+    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\midway.txt"
+    CopyFiles /SILENT "$INSTDIR\setup.new\installed.txt" "$PLUGINSDIR\midway.txt"
+    ${MoveListed} "$PLUGINSDIR\midway.txt" "$INSTDIR" "$INSTDIR\setup.new"
+    StrCpy $R9 $Failed
+  ${Else}
+    StrCpy $R9 ""
+  ${EndIf}
+  CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\before.txt"
+  CopyFiles /SILENT "$INSTDIR\setup.old\installed.txt" "$PLUGINSDIR\before.txt"
+  ${MoveListed} "$PLUGINSDIR\before.txt" "$INSTDIR\setup.old" "$INSTDIR"
+  StrCpy $R9 "$R9$Failed"
+  ${If} $R9 != ""
+    Call TellNotPutBack
+  ${EndIf}
+FunctionEnd
+
+; Ends. What is left of the earlier version stays in setup.old, where the next setup finds it. $R9: a file
+Function TellNotPutBack
+  StrCpy $Disposable ""
+  StrCpy $Outcome "The earlier version is not complete. Start this setup again."
+  MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\$R9 could be neither replaced nor put back, because a program uses it. Calyx is not complete; what is missing is in $INSTDIR\setup.old. Restart the computer, then start this setup again: it goes on from there." /SD IDOK
+  SetErrorLevel ${INCOMPLETE}
+  Abort "$INSTDIR\$R9 could not be put back."
+FunctionEnd
+
+; Work of the user that a sample was saved over with would be lost to the next setup: the program refuses that,
+; and he saves it under a name of his own.
+Function ProtectSamples
+  FindFirst $R0 $R1 "$INSTDIR\setup.new\samples\*.mrn"
+  ${DoWhile} $R1 != ""
+    SetFileAttributes "$INSTDIR\setup.new\samples\$R1" READONLY
+    FindNext $R0 $R1
+  ${Loop}
+  FindClose $R0
+FunctionEnd
+
+; Ends. $Failed or $InTheWay name the file that stopped the exchange.
+Function PutBack
+  StrCpy $R7 $Failed
+  StrCpy $R8 $InTheWay
+  ${MoveListed} "$PLUGINSDIR\installed.txt" "$INSTDIR" "$INSTDIR\setup.new"
+  StrCpy $R9 $Failed
+  ${MoveListed} "$PLUGINSDIR\earlier.txt" "$INSTDIR\setup.old" "$INSTDIR"
+  ${If} $R9 == ""
+    StrCpy $R9 $Failed
+  ${EndIf}
+  ${If} $R9 == ""
+    StrCpy $R9 $InTheWay
+  ${EndIf}
+  ${If} $R9 != ""
+    Call TellNotPutBack
+  ${EndIf}
+  Push "$PLUGINSDIR\installed.txt"
+  Push $INSTDIR
+  Call RemoveEmptied
+  ${If} $R7 != ""
+    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\$R7 cannot be replaced. Nothing was changed. Close the program that uses it, then start the setup again." /SD IDOK
+    Abort "$INSTDIR\$R7 cannot be replaced."
+  ${EndIf}
+  MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\$R8 is there already and is not of Calyx. Nothing was changed. Move it away, or choose another folder for Calyx, then start the setup again." /SD IDOK
+  Abort "$INSTDIR\$R8 is there already and is not of Calyx."
 FunctionEnd
 
 Section "Calyx"
@@ -277,7 +384,16 @@ Section "Calyx"
     Call NeedFreeFiles
   ${EndIf}
 
+  InitPluginsDir
+  Call PutInterruptedBack
   Call RemoveWorkFolders
+  ${If} ${FileExists} "$INSTDIR\setup.new"
+  ${OrIf} ${FileExists} "$INSTDIR\setup.old"
+    MessageBox MB_OK|MB_ICONSTOP "The folders setup.new and setup.old in $INSTDIR are left of an earlier setup and cannot be removed, because a program uses them. Calyx was left as it is. Close that program or restart the computer, then start the setup again." /SD IDOK
+    SetErrorLevel ${REFUSED_RIGHTS}
+    Abort "$INSTDIR\setup.new or setup.old cannot be removed."
+  ${EndIf}
+  StrCpy $Disposable 1
   ClearErrors
   CreateDirectory "$INSTDIR\setup.new"
   ${If} ${Errors}
@@ -285,10 +401,13 @@ Section "Calyx"
     SetErrorLevel ${REFUSED_RIGHTS}
     Abort "The folder $INSTDIR cannot be written to."
   ${EndIf}
-  InitPluginsDir
-  CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\earlier.txt"
   SetOutPath "$PLUGINSDIR"
   File "${LISTS}/installed.txt"
+  ${If} ${FileExists} "$INSTDIR\installed.txt"
+    CopyFiles /SILENT "$INSTDIR\installed.txt" "$PLUGINSDIR\earlier.txt"
+  ${ElseIf} $EarlierFolder == $INSTDIR  ; the list is lost
+    CopyFiles /SILENT "$PLUGINSDIR\installed.txt" "$PLUGINSDIR\earlier.txt"
+  ${EndIf}
   SetOutPath "$INSTDIR\setup.new"
   File "${LISTS}/installed.txt"
   File /r "${STAGE}/*"
@@ -297,26 +416,19 @@ Section "Calyx"
   ${If} ${Errors}
     Abort "The files could not be written."
   ${EndIf}
+  Call ProtectSamples
   SetOutPath $TEMP
 
+  CreateDirectory "$INSTDIR\setup.old"
   ${MoveListed} "$PLUGINSDIR\earlier.txt" "$INSTDIR" "$INSTDIR\setup.old"
-  ${If} $Failed == ""
-    ${MoveListed} "$PLUGINSDIR\installed.txt" "$INSTDIR" "$INSTDIR\setup.old"
-  ${EndIf}
   ${If} $Failed == ""
     ${MoveListed} "$PLUGINSDIR\installed.txt" "$INSTDIR\setup.new" "$INSTDIR"
   ${EndIf}
   ${If} $Failed != ""
-    StrCpy $R9 $Failed
-    ${MoveListed} "$PLUGINSDIR\installed.txt" "$INSTDIR" "$INSTDIR\setup.new"
-    ${MoveListed} "$PLUGINSDIR\installed.txt" "$INSTDIR\setup.old" "$INSTDIR"
-    ${MoveListed} "$PLUGINSDIR\earlier.txt" "$INSTDIR\setup.old" "$INSTDIR"
-    Push "$PLUGINSDIR\installed.txt"
-    Push $INSTDIR
-    Call RemoveEmptied
-    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\$R9 cannot be replaced. Nothing was changed." /SD IDOK
-    Abort "$INSTDIR\$R9 cannot be replaced."
+  ${OrIf} $InTheWay != ""
+    Call PutBack
   ${EndIf}
+  Delete "$INSTDIR\setup.old\installed.txt"  ; done: nothing is to be put back any more
   Call RemoveWorkFolders
   Push "$PLUGINSDIR\earlier.txt"
   Push $INSTDIR
@@ -330,7 +442,12 @@ Section "Calyx"
     Push "$PLUGINSDIR\elsewhere.txt"
     Push $EarlierFolder
     Call RemoveEmptied
+    RMDir /r "$EarlierFolder\setup.new"
+    RMDir /r "$EarlierFolder\setup.old"
     RMDir $EarlierFolder
+    ${If} $Failed != ""
+      MessageBox MB_OK|MB_ICONEXCLAMATION "Calyx is now in $INSTDIR. $EarlierFolder\$Failed, of the earlier version, cannot be removed, because a program uses it. Remove that folder yourself when it is closed." /SD IDOK
+    ${EndIf}
   ${EndIf}
 SectionEnd
 
@@ -441,6 +558,10 @@ FunctionEnd
 
 ; Backups and interrupted transfers stay.
 Function un.RemoveSettings
+  ${If} $MultiUser.InstallMode == "AllUsers"
+    DeleteRegKey HKLM "Software\Calyx\Calyx"
+    DeleteRegKey /ifempty HKLM "Software\Calyx"
+  ${EndIf}
   SetShellVarContext current
   DeleteRegKey HKCU "Software\Calyx\Calyx"
   DeleteRegKey /ifempty HKCU "Software\Calyx"
@@ -451,14 +572,7 @@ Function un.RemoveSettings
   RMDir "$APPDATA\Calyx"
 FunctionEnd
 
-Section "un.Calyx"
-  SetDetailsPrint textonly
-  DetailPrint "Removing the files ..."
-  SetDetailsPrint none
-  StrCpy $R0 $INSTDIR
-  Call un.NeedFreeFiles
-  SetOutPath $TEMP
-  !include "${LISTS}/remove.nsh"
+Function un.RemoveEntries
   Delete "$SMPROGRAMS\Calyx.lnk"
   Delete "$DESKTOP\Calyx.lnk"
 
@@ -474,6 +588,40 @@ Section "un.Calyx"
   DeleteRegKey SHCTX "${APP_PATHS}"
   DeleteRegKey SHCTX "${ENTRY}"
   Call un.TellExplorer
+FunctionEnd
+
+!macro Remove FILE
+  ClearErrors
+  Delete "$INSTDIR\${FILE}"
+  ${If} ${Errors}
+    StrCpy $Failed "${FILE}"
+  ${EndIf}
+!macroend
+!define Remove "!insertmacro Remove"
+
+Section "un.Calyx"
+  SetDetailsPrint textonly
+  DetailPrint "Removing the files ..."
+  SetDetailsPrint none
+  StrCpy $R0 $INSTDIR
+  Call un.NeedFreeFiles
+  SetOutPath $TEMP
+  StrCpy $Failed ""
+  !include "${LISTS}/remove.nsh"
+  RMDir /r "$INSTDIR\setup.new"
+  RMDir /r "$INSTDIR\setup.old"
+  ${If} $Failed != ""
+    MessageBox MB_OK|MB_ICONSTOP "$INSTDIR\$Failed cannot be removed, because a program uses it. Close that program or restart the computer, then remove Calyx again." /SD IDOK
+    SetErrorLevel ${INCOMPLETE}
+    Abort "$INSTDIR\$Failed cannot be removed."
+  ${EndIf}
+  Delete "$INSTDIR\installed.txt"
+  Delete "$INSTDIR\uninstall.exe"
+  RMDir "$INSTDIR"
+  ReadRegStr $0 SHCTX "${ENTRY}" "InstallLocation"
+  ${If} $0 == $INSTDIR  ; not of a copy of the folder
+    Call un.RemoveEntries
+  ${EndIf}
   ${If} $RemoveSettings = 1
     Call un.RemoveSettings
   ${EndIf}

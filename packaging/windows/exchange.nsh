@@ -1,12 +1,13 @@
 ; Files of a list, a path a line, moved from folder to folder
 
 ; Moves the files of a list from a folder to another, those that are there and have no counterpart yet.
-; $Failed names the last that could not be moved. Stack: list, from, to (on top).
+; $Failed names the last that could not be moved, $InTheWay the last that had one. Stack: list, from, to (on top).
 Function MoveListed
   Pop $R2
   Pop $R1
   Pop $R0
   StrCpy $Failed ""
+  StrCpy $InTheWay ""
   ClearErrors
   FileOpen $R3 $R0 r
   ${If} ${Errors}
@@ -23,7 +24,10 @@ Function MoveListed
     ${If} $R4 == ""
     ${OrIf} $R5 != ""
     ${OrIfNot} ${FileExists} "$R1\$R4"
-    ${OrIf} ${FileExists} "$R2\$R4"
+      ${Continue}
+    ${EndIf}
+    ${If} ${FileExists} "$R2\$R4"
+      StrCpy $InTheWay "$R4"
       ${Continue}
     ${EndIf}
     ${If} ${FileExists} "$R1\$R4\*.*"  ; somebody's folder
